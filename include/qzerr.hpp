@@ -1,0 +1,50 @@
+/** @file
+ *  Allocation-free formatters, capture and redirection of error messages.
+ */
+#ifndef QZFILESHARED_QZERR_HPP
+#define QZFILESHARED_QZERR_HPP
+
+#include "qzerr.h"
+#include "qzexport.h"
+
+#include <cstdint>
+#include <string>
+
+namespace halcyra {
+QZ_API char *safe_format(char *out, const char *text);
+QZ_API char *safe_format(char *out, std::int64_t value, int width);
+QZ_API char *safe_format(char *out, double value, int precision);
+QZ_API std::string get_last_error();
+QZ_API void add_default_signal_handler();
+QZ_API void print_backtrace();
+
+namespace qzlibs {
+class QZ_API CaptureQZErr {
+public:
+    explicit CaptureQZErr(int id);
+    CaptureQZErr(CaptureQZErr &&other) noexcept;
+    CaptureQZErr &operator=(CaptureQZErr &&other) noexcept;
+    ~CaptureQZErr();
+    void restore();
+    std::string getMessages();
+    std::string getMessagesOrDefault(const std::string &fallback);
+    std::string addMessagesAsDetails(const std::string &text);
+};
+
+class QZ_API RedirectQzerrToPythonStderr {
+public:
+    RedirectQzerrToPythonStderr();
+    ~RedirectQzerrToPythonStderr();
+    void close();
+    static bool isActive();
+};
+} // namespace qzlibs
+} // namespace halcyra
+
+class QZ_API QzerrSuppressDeprecation {
+public:
+    QzerrSuppressDeprecation();
+    ~QzerrSuppressDeprecation();
+};
+
+#endif

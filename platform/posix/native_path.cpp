@@ -1,0 +1,25 @@
+#include "platform/native_path.h"
+
+#include <algorithm>
+
+namespace qz::platform {
+
+namespace {
+
+bool is_ascii_letter(char c)
+{
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+
+} // namespace
+
+std::string native_path(std::string_view text)
+{
+    if (text.size() >= 2 && is_ascii_letter(text[0]) && text[1] == ':')
+        return {};
+    std::string native(text);
+    std::replace(native.begin(), native.end(), '\\', '/');
+    return native;
+}
+
+} // namespace qz::platform
