@@ -17,8 +17,9 @@ if(NOT CMAKE_BUILD_TYPE)
 endif()
 
 if(QZ_SANITIZE)
-    add_compile_options(-fsanitize=${QZ_SANITIZE} -fno-omit-frame-pointer
-                        -fno-sanitize-recover=all)
+    add_compile_options("$<$<COMPILE_LANGUAGE:C,CXX>:-fsanitize=${QZ_SANITIZE}>"
+                        "$<$<COMPILE_LANGUAGE:C,CXX>:-fno-sanitize-recover=all>"
+                        -fno-omit-frame-pointer)
     add_link_options(-fsanitize=${QZ_SANITIZE})
 endif()
 
