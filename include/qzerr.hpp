@@ -10,6 +10,10 @@
 #include <cstdint>
 #include <string>
 
+namespace qz::errors {
+struct CapturedText;
+}
+
 namespace halcyra {
 QZ_API char *safe_format(char *out, const char *text);
 QZ_API char *safe_format(char *out, std::int64_t value, int width);
@@ -29,6 +33,13 @@ public:
     std::string getMessages();
     std::string getMessagesOrDefault(const std::string &fallback);
     std::string addMessagesAsDetails(const std::string &text);
+
+private:
+    bool saved_suppression_ = false;
+    bool restored_ = false;
+    int id_;
+    std::int32_t saved_capturing_ = 0;
+    qz::errors::CapturedText *text_ = nullptr;
 };
 
 class QZ_API RedirectQzerrToPythonStderr {
@@ -37,6 +48,13 @@ public:
     ~RedirectQzerrToPythonStderr();
     void close();
     static bool isActive();
+
+    RedirectQzerrToPythonStderr(const RedirectQzerrToPythonStderr &) = delete;
+    RedirectQzerrToPythonStderr &operator=(const RedirectQzerrToPythonStderr &) = delete;
+
+private:
+    bool closed_ = false;
+    static std::uint64_t m_count;
 };
 } // namespace qzlibs
 } // namespace halcyra
@@ -45,6 +63,11 @@ class QZ_API QzerrSuppressDeprecation {
 public:
     QzerrSuppressDeprecation();
     ~QzerrSuppressDeprecation();
+    QzerrSuppressDeprecation(const QzerrSuppressDeprecation &) = delete;
+    QzerrSuppressDeprecation &operator=(const QzerrSuppressDeprecation &) = delete;
+
+private:
+    std::int32_t saved_kind_;
 };
 
 #endif

@@ -1,0 +1,36 @@
+#ifndef QZ_ERRORS_HANDLER_H
+#define QZ_ERRORS_HANDLER_H
+
+#include "errors/captured_text.h"
+#include "qzerr.h"
+
+#include <cstdint>
+#include <cstdio>
+
+namespace qz::errors {
+
+enum class DestinationKind : int { kNone = 0, kStream = 1, kFortranUnit = 2 };
+
+/// One error handler. A plain record without a destructor: the default handlers must still work
+/// when the last static object of the process reports something.
+struct QzerrHandler {
+    bool in_use = true;
+    std::uint32_t level = QZERR_WARNING;
+
+    union {
+        FILE *stream = nullptr; ///< borrowed
+        std::int32_t unit;
+    } destination; ///< which of the two, says kind
+
+    int (*window)(const char *message) = nullptr;
+    std::uint32_t max_level = QZERR_OK;
+    bool capturing = false;
+    CapturedText *captured = nullptr; ///< owned
+    char *prefix = nullptr;           ///< owned, from malloc
+    DestinationKind kind = DestinationKind::kNone;
+    bool printing_suppressed = false;
+};
+
+} // namespace qz::errors
+
+#endif

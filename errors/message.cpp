@@ -1,0 +1,140 @@
+#include "errors/message.h"
+
+#include "errors/handler_table.h"
+#include "errors/interpreter_stderr.h"
+#include "errors/level.h"
+#include "platform/fortran_unit.h"
+#include "platform/text.h"
+#include "qzerr.h"
+#include "qzerr.hpp"
+
+#include <cstdio>
+#include <cstring>
+#include <string_view>
+
+namespace qz::errors {
+
+namespace {
+
+constexpr std::size_t kMessageBytes = 10240;
+
+/// Process-wide, as the handlers are.
+bool newline_after_message = false;
+
+/// Writes prefix, level name and a blank.
+/// @return their length; the longest prefix leaves most of the buffer free.
+std::size_t compose_head(char *message, const QzerrHandler &handler, unsigned level)
+{
+    std::size_t length = 0;
+    if (handler.prefix != nullptr) {
+        length = std::strlen(handler.prefix);
+        std::memcpy(message, handler.prefix, length);
+    }
+    const std::string_view name = level_name(level);
+    std::memcpy(message + length, name.data(), name.size());
+    length += name.size();
+    message[length] = ' ';
+    return length + 1;
+}
+
+bool write_to_stream(int id, FILE *stream, const char *message)
+{
+    if (id == kLibraryHandler && stream == stderr &&
+        halcyra::qzlibs::RedirectQzerrToPythonStderr::isActive() &&
+        write_to_interpreter(message, newline_after_message)) {
+        return true;
+    }
+    if (std::fputs(message, stream) == EOF)
+        return false;
+    return !newline_after_message || std::fputs("\n", stream) != EOF;
+}
+
+/// Sends a message wherever its handler says.
+/// @return false when the stream or the window refused it.
+bool print(int id, const QzerrHandler &handler, const char *message)
+{
+    // The interpreter and the window run code of the host, which may make and delete handlers:
+    // the record is not to be read after the first of them has run.
+    const auto window = handler.window;
+    switch (handler.kind) {
+    case DestinationKind::kNone:
+        break;
+    case DestinationKind::kStream:
+        if (!write_to_stream(id, handler.destination.stream, message))
+            return false;
+        break;
+    case DestinationKind::kFortranUnit:
+        qz_write_fortran_unit(handler.destination.unit, message,
+                              static_cast<int>(std::strlen(message)));
+        break;
+    }
+    return window == nullptr || window(message) != -1;
+}
+
+/// Formats a message that its handler shows, prints and captures it. It stands apart from the
+/// filter so that a message below the level never touches the big buffer's stack.
+[[gnu::noinline]] int show(int id, const QzerrHandler &handler, unsigned level, const char *format,
+                           va_list arguments)
+{
+    char message[kMessageBytes];
+    const std::size_t head = compose_head(message, handler, level);
+    if (format != nullptr)
+        platform::qzwin32_vsnprintf(message + head, kMessageBytes - head, format, arguments);
+    else
+        message[head] = '\0';
+
+    if (!handler.printing_suppressed && !print(id, handler, message))
+        return 0;
+    QzerrHandler *after = find_handler(id);
+    if (after == nullptr || !after->capturing)
+        return 1;
+    return append(after->captured, message) ? 1 : 0;
+}
+
+/// Raises the handler's maximum level, whether the message is shown or not.
+/// @return whether the handler shows it.
+bool passes(QzerrHandler &handler, unsigned level)
+{
+    if (level < kLevelUndefined && level > handler.max_level)
+        handler.max_level = level;
+    return level >= handler.level;
+}
+
+} // namespace
+
+NewlineAfterMessages::NewlineAfterMessages()
+{
+    newline_after_message = true;
+}
+
+NewlineAfterMessages::~NewlineAfterMessages()
+{
+    newline_after_message = false;
+}
+
+} // namespace qz::errors
+
+using namespace qz::errors;
+
+int qzerr_vthrow(int id, unsigned level, const char *format, va_list arguments)
+{
+    QzerrHandler *handler = find_handler(id);
+    if (handler == nullptr)
+        return 0;
+    return passes(*handler, level) ? show(id, *handler, level, format, arguments) : 1;
+}
+
+int qzerr_throw(int id, unsigned level, const char *format, ...)
+{
+    // Filters before it turns to its arguments: most messages end here.
+    QzerrHandler *handler = find_handler(id);
+    if (handler == nullptr)
+        return 0;
+    if (!passes(*handler, level))
+        return 1;
+    va_list arguments;
+    va_start(arguments, format);
+    const int result = show(id, *handler, level, format, arguments);
+    va_end(arguments);
+    return result;
+}
