@@ -1,0 +1,56 @@
+#ifndef QZ_QZFILE_C_TEXT_H
+#define QZ_QZFILE_C_TEXT_H
+
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <string_view>
+
+namespace qz::file {
+
+struct FreeText {
+    void operator()(char *text) const { std::free(text); }
+};
+
+/// Text that a plain function handed out.
+using CText = std::unique_ptr<char, FreeText>;
+
+/// A copy for a caller, who frees it; null when memory is out.
+inline char *new_c_text(std::string_view text)
+{
+    char *copy = static_cast<char *>(std::malloc(text.size() + 1));
+    if (copy) {
+        std::memcpy(copy, text.data(), text.size());
+        copy[text.size()] = '\0';
+    }
+    return copy;
+}
+
+/// The text, or "" for none.
+inline const char *or_empty(const char *text)
+{
+    return text ? text : "";
+}
+
+/// Hands a copy of @p text out through @p out: the last step of a plain function.
+/// @return 0, or -1 when memory is out.
+inline int hand_out(std::string_view text, char **out)
+{
+    *out = new_c_text(text);
+    return *out ? 0 : -1;
+}
+
+/// The result of @p body, or @p failure when anything is thrown: no exception leaves a plain
+/// function.
+template <typename Result, typename Body> Result guarded(Result failure, Body &&body) noexcept
+{
+    try {
+        return body();
+    } catch (...) {
+        return failure;
+    }
+}
+
+} // namespace qz::file
+
+#endif

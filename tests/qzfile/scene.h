@@ -1,0 +1,112 @@
+#ifndef QZ_TESTS_QZFILE_SCENE_H
+#define QZ_TESTS_QZFILE_SCENE_H
+
+#include "qzerr.hpp"
+#include "qzfile.h"
+
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <optional>
+#include <string>
+
+namespace scene {
+
+/// Everything reported on the module's handler meanwhile, whatever its level.
+class Messages {
+public:
+    Messages() { qzerr_level(-1, QZERR_BUMMER); }
+
+    ~Messages() { qzerr_level(-1, QZERR_WARNING); }
+
+    std::string text() { return capture_.getMessages(); }
+
+private:
+    halcyra::qzlibs::CaptureQZErr capture_{-1};
+};
+
+/// Takes over text that a function handed out; "(null)" for none.
+inline std::string taken(char *text)
+{
+    const std::string copy = text ? text : "(null)";
+    std::free(text);
+    return copy;
+}
+
+/// A directory of its own that is the working directory and holds the user's home; variables that
+/// steer the library are set for the test alone.
+class Scene : public testing::Test {
+protected:
+    Scene()
+    {
+        root_ = std::filesystem::canonical(directory_.path().toStdString());
+        std::filesystem::current_path(root_);
+        set("HOME", (root_ / "home").string());
+        for (const char *variable : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "HALCYRA",
+                                     "HALCYRA_APPDATA_OVERRIDE", "HALCYRA_TMPDIR"})
+            unset(variable);
+    }
+
+    ~Scene() override
+    {
+        for (const auto &[variable, value] : kept_) {
+            if (value)
+                qputenv(variable.c_str(), value->c_str());
+            else
+                qunsetenv(variable.c_str());
+        }
+        std::filesystem::current_path(std::filesystem::temp_directory_path());
+    }
+
+    void set(const std::string &variable, const std::string &value)
+    {
+        keep(variable);
+        qputenv(variable.c_str(), value.c_str());
+    }
+
+    void unset(const std::string &variable)
+    {
+        keep(variable);
+        qunsetenv(variable.c_str());
+    }
+
+    /// Makes an empty file and its directories.
+    void touch(const std::filesystem::path &file)
+    {
+        const auto path = root_ / file;
+        std::filesystem::create_directories(path.parent_path());
+        std::ofstream(path).close();
+    }
+
+    bool is_there(const std::filesystem::path &name) const
+    {
+        return std::filesystem::exists(std::filesystem::symlink_status(root_ / name));
+    }
+
+    std::string text(const std::filesystem::path &name) const { return (root_ / name).string(); }
+
+private:
+    QTemporaryDir directory_;
+
+protected:
+    std::filesystem::path root_;
+
+private:
+    void keep(const std::string &variable)
+    {
+        if (kept_.count(variable))
+            return;
+        const char *value = std::getenv(variable.c_str());
+        kept_[variable] = value ? std::optional<std::string>(value) : std::nullopt;
+    }
+
+    std::map<std::string, std::optional<std::string>> kept_;
+};
+
+} // namespace scene
+
+#endif
