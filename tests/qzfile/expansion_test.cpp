@@ -1,0 +1,122 @@
+#include "qzfile/scene.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+#include <vector>
+
+using scene::Messages;
+using scene::taken;
+
+namespace {
+
+class Expansion : public scene::Scene {
+protected:
+    Expansion()
+    {
+        set("QZ_TEST_A", "one");
+        set("QZ_TEST_LOOP", "$QZ_TEST_A~");
+        unset("QZ_TEST_UNSET");
+        home_ = text("home");
+    }
+
+    std::string home_;
+};
+
+constexpr char kNoSuchUser[] = "qfile_dir_user_home";
+
+struct BufferCase {
+    const char *why;
+    std::string text;
+    int size;
+    int result;
+    std::string left;
+};
+
+} // namespace
+
+TEST_F(Expansion, Syntax)
+{
+    const struct {
+        const char *why;
+        std::string text;
+        std::string expansion;
+    } cases[] = {
+        {"ordinary text stays, separators too", "a/b\\c d",              "a/b\\c d"           },
+        {"variables",                           "$QZ_TEST_A/$QZ_TEST_A", "one/one"            },
+        {"a name ends where its letters end",   "$QZ_TEST_A-x",          "one-x"              },
+        {"an unset one stands for nothing",     "$QZ_TEST_UNSET/x",      "/x"                 },
+        {"a value is not expanded again",       "$QZ_TEST_LOOP",         "$QZ_TEST_A~"        },
+        {"no brace form",                       "${QZ_TEST_A}",          "${QZ_TEST_A}"       },
+        {"no percent form",                     "%QZ_TEST_A%",           "%QZ_TEST_A%"        },
+        {"no name: the sign stays",             "$-$$/$",                "$-$$/$"             },
+        {"a letter outside ASCII ends a name",  "$QZ_TEST_A\xC3\xA9",    "one\xC3\xA9"        },
+        {"the user's home",                     "~/data",                home_ + "/data"      },
+        {"the home alone",                      "~",                     home_                },
+        {"a backslash ends the name too",       "~\\$QZ_TEST_A",         home_ + "\\one"      },
+        {"a tilde within is a character",       "a~/b",                  "a~/b"               },
+        {"a computed directory",                "$USERDATA/x",           home_ + "\\Halcyra/x"},
+        {"its name must be whole",              "$USERDATA_x",           ""                   },
+        {"empty",                               "",                      ""                   },
+    };
+
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.why);
+        char *out = nullptr;
+        EXPECT_EQ(qzfile_dir_expand(c.text.c_str(), &out), 0);
+        EXPECT_EQ(taken(out), c.expansion);
+    }
+    EXPECT_TRUE(is_there("home/Halcyra"));
+}
+
+TEST_F(Expansion, ReportsAnUnknownUserAndGoesOn)
+{
+    const std::string unknown = std::string("~") + kNoSuchUser;
+    const std::string message = std::string("WARNING qzfile_dir_user_home: Unable to get home "
+                                            "directory for user '") +
+                                kNoSuchUser + "'\n";
+    Messages messages;
+    char *out = nullptr;
+    EXPECT_EQ(qzfile_dir_expand((unknown + "/x").c_str(), &out), -1);
+    EXPECT_EQ(taken(out), "/x");
+    EXPECT_EQ(messages.text(), message);
+    EXPECT_EQ(qzfile_dir_expand((unknown + "/$QZ_TEST_A").c_str(), &out), -1);
+    EXPECT_EQ(taken(out), "/one") << "a variable of the environment changes no status";
+    EXPECT_EQ(qzfile_dir_expand((unknown + "/$APPDATA").c_str(), &out), 0)
+        << "a later directory that is found clears the failure";
+    taken(out);
+}
+
+TEST_F(Expansion, InPlace)
+{
+    const std::string longest(1024, 'x');
+    const BufferCase cases[] = {
+        {"a result of exactly size gets its end behind it", "a$QZ_TEST_A/",   5,    0,  "aone/"      },
+        {"one more is too much; what fits is left",         "a$QZ_TEST_A/",   4,    -1, "aone"       },
+        {"cut within a value",                              "a$QZ_TEST_A",    2,    -1, "ao"         },
+        {"an expansion to nothing is none the less one",    "$QZ_TEST_UNSET", 1,    0,  ""           },
+        {"no room",                                         "a",              0,    -1, "a"          },
+        {"nothing to expand",                               "",               9,    -1, ""           },
+        {"the longest text",                                longest,          1024, 0,  longest      },
+        {"longer than the private copy",                    longest + "x",    2000, -1, longest + "x"},
+    };
+    for (const BufferCase &c : cases) {
+        SCOPED_TRACE(c.why);
+        std::vector<char> buffer(std::max<std::size_t>(c.text.size(), c.size) + 2, '#');
+        std::strcpy(buffer.data(), c.text.c_str());
+        EXPECT_EQ(qzfile_dir_expand_buffer(buffer.data(), c.size), c.result);
+        EXPECT_EQ(std::string(buffer.data()), c.left);
+        EXPECT_EQ(buffer.back(), '#') << "nothing behind the end is touched";
+    }
+    EXPECT_EQ(qzfile_dir_expand_buffer(nullptr, 9), -1);
+}
+
+TEST_F(Expansion, HomeOfNobody)
+{
+    Messages messages;
+    char *out = nullptr;
+    EXPECT_EQ(qzfile_dir_user_home(nullptr, &out), -1);
+    EXPECT_EQ(messages.text(), "WARNING qzfile_dir_user_home: null user name given\n");
+    EXPECT_EQ(out, nullptr);
+}

@@ -1,0 +1,188 @@
+#include "qzfile.hpp"
+#include "qzfile/scene.h"
+
+#include <boost/filesystem/exception.hpp>
+#include <boost/filesystem/operations.hpp>
+#include <gtest/gtest.h>
+
+#include <regex>
+#include <set>
+#include <stdexcept>
+#include <string>
+
+using scene::Messages;
+using scene::taken;
+
+namespace {
+
+class UserDirectories : public scene::Scene {
+protected:
+    static std::string call(int (*function)(char **), int result = 0)
+    {
+        char *out = nullptr;
+        EXPECT_EQ(function(&out), result);
+        return taken(out);
+    }
+};
+
+} // namespace
+
+TEST_F(UserDirectories, FollowTheDesktop)
+{
+    set("XDG_CONFIG_HOME", text("roaming"));
+    set("XDG_DATA_HOME", text("local"));
+
+    const struct {
+        int (*function)(char **);
+        std::string directory;
+        bool is_made;
+        DirectoryName name;
+    } cases[] = {
+        {qzfile_halcyra_appdata_dir,       text("roaming") + "\\Halcyra",    true,  DirectoryName::AppData    },
+        {qzfile_halcyra_local_appdata_dir, text("local") + "\\Halcyra",      true,
+         DirectoryName::LocalAppData                                                                          },
+        {qzfile_halcyra_userdata_dir,      text("home") + "\\Halcyra",       true,  DirectoryName::UserData   },
+        {qzfile_get_halcyra_temp,          text("local") + "\\Halcyra\\tmp", true,  DirectoryName::Temp       },
+        {qzfile_get_desktop_dir,           text("home/Desktop"),             false, DirectoryName::Desktop    },
+        {qzfile_get_mydocuments_dir,       text("home/Documents"),           false, DirectoryName::MyDocuments},
+        {qzfile_get_mynetworkplaces_dir,   text("home/Public"),              false,
+         DirectoryName::MyNetworkPlaces                                                                       },
+        {qzfile_dir_home,                  text("home"),                     true,  DirectoryName::Home       },
+    };
+
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.directory);
+        EXPECT_EQ(call(c.function), c.directory);
+        EXPECT_EQ(qzfile_get_directory_path(c.name), c.directory);
+        std::string native = c.directory;
+        qzfile_path_to_unix(native.data(), static_cast<int>(native.size()));
+        EXPECT_EQ(std::filesystem::is_directory(native), c.is_made);
+    }
+    for (int value : {0, 9, -1})
+        EXPECT_THROW(qzfile_get_directory_path(DirectoryName(value)), std::runtime_error);
+}
+
+TEST_F(UserDirectories, VariablesReplaceThem)
+{
+    set("HALCYRA_APPDATA_OVERRIDE", text("over/ride"));
+    EXPECT_EQ(call(qzfile_halcyra_appdata_dir), text("over/ride"));
+    EXPECT_EQ(call(qzfile_halcyra_local_appdata_dir), text("over/ride"));
+    EXPECT_TRUE(is_there("over/ride"));
+    EXPECT_EQ(call(qzfile_halcyra_userdata_dir), text("home") + "\\Halcyra");
+    EXPECT_EQ(call(qzfile_get_halcyra_temp), text("over/ride") + "\\tmp");
+    set("HALCYRA_TMPDIR", text("t/m/p"));
+    EXPECT_EQ(call(qzfile_get_halcyra_temp), text("t/m/p"));
+    EXPECT_TRUE(is_there("t/m/p"));
+}
+
+TEST_F(UserDirectories, OfThisRelease)
+{
+    set("HALCYRA_APPDATA_OVERRIDE", text("app"));
+    const std::string directory = text("app") + "\\2025-3";
+    EXPECT_EQ(call(qzfile_get_appdata_release_dir), directory) << "made";
+    EXPECT_EQ(call(qzfile_appdata_release_dir), directory) << "found";
+    EXPECT_EQ(qzfile_get_appdata_release_dir_path(), directory);
+    EXPECT_EQ(qzfile_get_atelio_scripts_path(AtelioScriptsPathType::UserMenuFile),
+              directory + "\\atelio\\scriptsx.mnu");
+    EXPECT_EQ(qzfile_get_atelio_scripts_path(AtelioScriptsPathType::UserScriptsDir),
+              directory + "\\scriptsx");
+}
+
+TEST_F(UserDirectories, ThatCannotBeMade)
+{
+    touch("file");
+    set("HALCYRA_APPDATA_OVERRIDE", text("file/x"));
+    set("HALCYRA_TMPDIR", text("file/y"));
+    Messages messages;
+    EXPECT_EQ(call(qzfile_halcyra_appdata_dir, -1), "(null)");
+    EXPECT_EQ(call(qzfile_get_halcyra_temp, -1), "(null)");
+    EXPECT_NE(messages.text().find("qzfile_mkdir_recursive failed: "), std::string::npos);
+    EXPECT_THROW(qzfile_get_directory_path(DirectoryName::Temp), std::runtime_error);
+    unset("HALCYRA_TMPDIR");
+    EXPECT_EQ(call(qzfile_get_halcyra_temp, -1), "(null)");
+    EXPECT_NE(messages.text().find(
+                  "WARNING qzfile_get_halcyra_temp: Unable to get local appdata directory\n"),
+              std::string::npos);
+    EXPECT_EQ(call(qzfile_get_appdata_release_dir, -1), "(null)");
+}
+
+TEST_F(UserDirectories, AReleaseDirectoryThatCannotBeMadeIsOnlyMissing)
+{
+    // There, but without room for a longer path.
+    std::string full = text("app");
+    while (full.size() < 4090)
+        full += "/.";
+    std::filesystem::create_directory(root_ / "app");
+    set("HALCYRA_APPDATA_OVERRIDE", full);
+    Messages messages;
+    EXPECT_EQ(call(qzfile_get_appdata_release_dir, 0), "(null)");
+    EXPECT_NE(messages.text().find("qzfile_mkdir_recursive failed: "), std::string::npos);
+    try {
+        qzfile_get_appdata_release_dir_path();
+        ADD_FAILURE() << "the string form has no other way to tell";
+    } catch (const std::runtime_error &error) {
+        EXPECT_STREQ(error.what(), "Failure getting the appdata/release directory");
+    }
+}
+
+TEST_F(UserDirectories, WithoutAHome)
+{
+    touch("file");
+    set("HOME", text("file"));
+
+    const struct {
+        int (*function)(char **);
+        const char *message;
+    } cases[] = {
+        {qzfile_halcyra_appdata_dir,
+         "WARNING qzfile_halcyra_appdata_dir: Unable to get appdata directory\n"            },
+        {qzfile_halcyra_local_appdata_dir,
+         "WARNING qzfile_halcyra_local_appdata_dir: Unable to get local appdata directory\n"},
+        {qzfile_halcyra_userdata_dir,
+         "WARNING qzfile_halcyra_userdata_dir: Unable to get userdata directory\n"          },
+    };
+
+    for (const auto &c : cases) {
+        Messages messages;
+        EXPECT_EQ(call(c.function, -1), "(null)");
+        EXPECT_EQ(messages.text(), c.message);
+    }
+}
+
+TEST_F(UserDirectories, UniqueNames)
+{
+    const std::string first = halcyra::path::get_unique_file_name(".txt");
+    const std::regex shape("([0-9a-f]{4}-){3}[0-9a-f]{4}\\.txt");
+    EXPECT_TRUE(std::regex_match(first, shape)) << first;
+    EXPECT_NE(first, halcyra::path::get_unique_file_name(".txt"));
+    set("HALCYRA_TMPDIR", text("tmp"));
+    const auto path = halcyra::path::get_unique_temporary_file_path(".d/x");
+    EXPECT_EQ(path.parent_path().parent_path(), boost::filesystem::path(text("tmp")));
+    EXPECT_FALSE(boost::filesystem::exists(path));
+}
+
+TEST_F(UserDirectories, FilesWithSuffix)
+{
+    for (const char *name : {"d/a.txt", "d/b.TXT", "d/.txt", "d/c.txt.bak", "d/sub.txt/x.txt"})
+        touch(name);
+    std::filesystem::create_symlink("a.txt", root_ / "d/link.txt");
+    std::filesystem::create_symlink("nowhere", root_ / "d/dangling.txt");
+    std::set<std::string> names;
+    for (const auto &path : halcyra::path::get_all_files_with_suffix("d", ".txt")) {
+        EXPECT_EQ(path.parent_path(), boost::filesystem::path("d"));
+        names.insert(path.filename().string());
+    }
+    EXPECT_EQ(names, (std::set<std::string>{"a.txt", ".txt", "link.txt"}));
+    EXPECT_EQ(halcyra::path::get_all_files_with_suffix("d", "").size(), 5u);
+    std::filesystem::create_symlink("loop.txt", root_ / "d/loop.txt");
+    for (const auto &[directory, step] :
+         {std::pair("missing", "directory_iterator::directory_iterator"),
+          std::pair("d", "status")}) {
+        try {
+            halcyra::path::get_all_files_with_suffix(directory, ".txt");
+            ADD_FAILURE() << directory;
+        } catch (const boost::filesystem::filesystem_error &error) {
+            EXPECT_EQ(std::string(error.what()).rfind(step, 0), 0u) << error.what();
+        }
+    }
+}
