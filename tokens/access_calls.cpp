@@ -1,0 +1,143 @@
+// The exported calls that read, search and edit tokens.
+
+#include "qztoken.h"
+#include "tokens/list_calls.h"
+#include "tokens/number.h"
+
+#include <cctype>
+#include <cstring>
+
+using namespace qz::tokens;
+
+namespace {
+
+/// Blanks before the second line of a bad-index message; one call has another number.
+constexpr int kIndexIndent = 17;
+constexpr int kFindTypeIndent = 21;
+
+/// The token of an existing list; null after a report.
+char *token_or_report(const char *call, int handle, int index, int indent = kIndexIndent)
+{
+    TokenList *list = list_or_report(call, handle);
+    if (list == nullptr)
+        return nullptr;
+    if (!list->holds(index)) {
+        report_bad_index(call, index, list->count(), indent);
+        return nullptr;
+    }
+    return list->token(index);
+}
+
+template <typename Predicate> int index_of_first(const TokenList &list, Predicate matches)
+{
+    for (int i = 0; i < list.count(); ++i) {
+        if (matches(list.token(i)))
+            return i;
+    }
+    return -1;
+}
+
+/// The standard case functions want the byte as an unsigned number.
+template <int (*convert)(int)> std::size_t convert_case(char *token)
+{
+    char *c = token;
+    for (; *c != '\0'; ++c)
+        *c = static_cast<char>(convert(static_cast<unsigned char>(*c)));
+    return static_cast<std::size_t>(c - token);
+}
+
+template <typename Value> void store(Value *out, Value value)
+{
+    if (out != nullptr)
+        *out = value;
+}
+
+} // namespace
+
+int qz_number_type(const char *text)
+{
+    return text != nullptr ? static_cast<int>(parse_number(text).type) : 0;
+}
+
+int qztoken_find_type(int handle, int index)
+{
+    const char *token = token_or_report("qztoken_find_type", handle, index, kFindTypeIndent);
+    return token != nullptr ? static_cast<int>(parse_number(token).type) : -1;
+}
+
+const char *qztoken_get_token(int handle, int index)
+{
+    return token_or_report("qztoken_get_token", handle, index);
+}
+
+int qztoken_get_int(int handle, int index, int *value)
+{
+    store(value, 0);
+    const char *token = token_or_report("qztoken_get_int", handle, index);
+    if (token == nullptr)
+        return -1;
+    const Number number = parse_number(token);
+    if (number.type != NumberType::Integer)
+        return -1;
+    store(value, number.integer);
+    return 0;
+}
+
+int qztoken_get_double(int handle, int index, double *value)
+{
+    store(value, 0.0);
+    const char *token = token_or_report("qztoken_get_double", handle, index);
+    if (token == nullptr)
+        return -1;
+    const Number number = parse_number(token);
+    if (number.type == NumberType::None)
+        return -1;
+    store(value, number.real);
+    return 0;
+}
+
+int qztoken_index(int handle, const char *text)
+{
+    const TokenList *list = list_or_report("qztoken_index", handle);
+    if (list == nullptr || text == nullptr)
+        return -1;
+    return index_of_first(*list, [=](const char *token) { return std::strcmp(token, text) == 0; });
+}
+
+int qztoken_indexn(int handle, const char *text, int n)
+{
+    const TokenList *list = list_or_report("qztoken_indexn", handle);
+    if (list == nullptr || text == nullptr)
+        return -1;
+    const auto length = static_cast<std::size_t>(n); // a negative one compares whole texts
+    return index_of_first(
+        *list, [=](const char *token) { return std::strncmp(token, text, length) == 0; });
+}
+
+int qztoken_replace(int handle, int index, const char *text)
+{
+    if (token_or_report("qztoken_replace", handle, index) == nullptr || text == nullptr)
+        return -1;
+    return with_memory([=] { find_list(handle)->replace(index, text); });
+}
+
+int qztoken_tolower_token(int handle, int index)
+{
+    constexpr const char *kCall = "qztoken_tolower_token";
+    TokenList *list = find_list(handle);
+    if (list == nullptr)
+        return report_bad_handle(kCall, handle); // the throw's result
+    if (!list->holds(index))
+        return report_bad_index(kCall, index, list->count(), kIndexIndent);
+    return static_cast<int>(convert_case<std::tolower>(list->token(index)));
+}
+
+int qztoken_toupper(int handle)
+{
+    TokenList *list = list_or_report("qztoken_toupper", handle);
+    if (list == nullptr)
+        return -1;
+    for (int i = 0; i < list->count(); ++i)
+        convert_case<std::toupper>(list->token(i));
+    return 0;
+}

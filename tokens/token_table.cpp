@@ -1,0 +1,36 @@
+#include "tokens/token_table.h"
+
+#include <algorithm>
+
+namespace qz::tokens {
+
+int TokenTable::create()
+{
+    if (free_handles_.empty()) {
+        // Room for every handle, so that erase() needs no memory.
+        if (free_handles_.capacity() <= records_.size())
+            free_handles_.reserve(2 * records_.size() + 16);
+        records_.emplace_back(std::in_place);
+        return static_cast<int>(records_.size() - 1);
+    }
+    const int handle = free_handles_.front();
+    records_[static_cast<std::size_t>(handle)].emplace();
+    std::pop_heap(free_handles_.begin(), free_handles_.end());
+    free_handles_.pop_back();
+    return handle;
+}
+
+void TokenTable::erase(int handle) noexcept
+{
+    records_[static_cast<std::size_t>(handle)].reset();
+    free_handles_.push_back(handle); // create() made room for it
+    std::push_heap(free_handles_.begin(), free_handles_.end());
+}
+
+TokenTable &token_table()
+{
+    static TokenTable &table = *new TokenTable;
+    return table;
+}
+
+} // namespace qz::tokens

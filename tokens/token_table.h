@@ -1,0 +1,40 @@
+/** @file
+ *  The process-wide table of token lists: which list a handle names.
+ */
+#ifndef QZFILESHARED_TOKENS_TOKEN_TABLE_H
+#define QZFILESHARED_TOKENS_TOKEN_TABLE_H
+
+#include "tokens/token_list.h"
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+namespace qz::tokens {
+
+class TokenTable {
+public:
+    /// Makes an empty list and returns its handle: the highest free one, or else a new one.
+    int create();
+    /// Releases the list; @p handle must name one.
+    void erase(int handle) noexcept;
+
+    /// The list that @p handle names, or null.
+    TokenList *find(int handle)
+    {
+        const auto index = static_cast<std::size_t>(handle); // a negative one is past the end
+        return index < records_.size() && records_[index] ? &*records_[index] : nullptr;
+    }
+
+private:
+    std::vector<std::optional<TokenList>> records_;
+    /// A max-heap, so that taking the highest free handle does not depend on the number of lists.
+    std::vector<int> free_handles_;
+};
+
+/// The table of the process. It is never destroyed: lists may be used until the last moment.
+TokenTable &token_table();
+
+} // namespace qz::tokens
+
+#endif
