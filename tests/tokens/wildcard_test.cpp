@@ -1,0 +1,138 @@
+#include "tokens/token_test.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+struct WildcardCase {
+    const char *why;
+    const char *wildcard;
+    const char *text;
+    bool matches;
+};
+
+const WildcardCase kWildcardCases[] = {
+    {"a star is any text",                                  "ab*",     "abc",      true },
+    {"and no text",                                         "ab*",     "ab",       true },
+    {"the start is fixed",                                  "b",       "ab",       false},
+    {"the end is free",                                     "a?c",     "abcd",     true },
+    {"a question mark is one character",                    "a?c",     "ac",       false},
+    {"not none at the end",                                 "a?",      "a",        false},
+    {"a hash is a digit",                                   "#.#",     "3.5",      true },
+    {"a dot is a dot",                                      "#.#",     "3x5",      false},
+    {"a hash is no letter",                                 "#",       "a",        false},
+    {"stars in the middle",                                 "a*b*c",   "a__b__c",  true },
+    {"in order",                                            "a*b*c",   "acb",      false},
+    {"two stars are one",                                   "a**b",    "a-b",      true },
+    {"blanks behind a star are dropped",                    "a*  b",   "ab",       true },
+    {"also behind a star behind them",                      "a* * b",  "ab",       true },
+    {"a tab behind a star is kept",                         "a*\tb",   "ab",       false},
+    {"other blanks are kept",                               "a b",     "ab",       false},
+    {"blanks before a star are kept",                       "a *b",    "a b",      true },
+    {"and asked for",                                       "a *b",    "ab",       false},
+    {"another character ends the dropping",                 "*a b",    "xab",      false},
+    {"an escaped bracket",                                  "\\[a\\]", "[a]",      true },
+    {"an escaped plus",                                     "a\\+",    "a+",       true },
+    {"an escaped plus repeats nothing",                     "a\\+",    "aa",       false},
+    {"an escaped hash",                                     "\\#",     "#",        true },
+    {"an escaped hash is no digit",                         "\\#",     "5",        false},
+    {"escaped parentheses",                                 "\\(a\\)", "(a)",      true },
+    {"a backslash before a star is a backslash",            "\\*",     "\\xyz",    true },
+    {"and needed",                                          "\\*",     "*",        false},
+    {"a backslash before a letter",                         "\\n",     "\\n",      true },
+    {"two backslashes are two",                             "\\\\",    "\\\\",     true },
+    {"not one",                                             "\\\\",    "\\",       false},
+    {"a backslash, then an escaped bracket's start",        "\\\\[a]", "\\[a]",    true },
+    {"a backslash at the end",                              "a\\",     "a\\",      true },
+    {"a set keeps its meaning",                             "[ab]c",   "bc",       true },
+    {"a set without the character",                         "[ab]c",   "cc",       false},
+    {"a plus repeats",                                      "ab+c",    "abbc",     true },
+    {"a group repeats",                                     "(ab)+c",  "ababc",    true },
+    {"alternatives: the start is fixed for the first only", "a|b",     "xb",       true },
+    {"a dollar sign ends the text",                         "ab$",     "abc",      false},
+    {"a dollar sign at the end",                            "ab$",     "ab",       true },
+    {"a caret is the start again",                          "^a",      "a",        true },
+    {"the empty wildcard matches all",                      "",        "anything", true },
+    {"the empty text",                                      "*",       "",         true },
+    {"bytes above 127",                                     "\xe9?",   "\xe9\xff", true },
+};
+
+constexpr const char *kNotEnough =
+    "WARNING qztoken_regex_index(): not enough regular expressions\n"
+    "WARNING                       : call qztoken_regex_compile() first\n";
+
+TEST(Wildcard, Table)
+{
+    for (const WildcardCase &c : kWildcardCases) {
+        SCOPED_TRACE(std::string(c.why) + ": " + c.wildcard + " on " + c.text);
+        const List list{c.wildcard};
+        EXPECT_EQ(messages_of([&] {
+                      EXPECT_EQ(qztoken_regex_compile(list), 0);
+                      EXPECT_EQ(qztoken_regex_index(list, c.text), c.matches ? 0 : -1);
+                  }),
+                  "");
+    }
+}
+
+TEST(Wildcard, TheFirstMatchCounts)
+{
+    const List list("*.txt a* *");
+    EXPECT_EQ(qztoken_regex_compile(list), 0);
+    EXPECT_EQ(qztoken_regex_index(list, "a.txt"), 0);
+    EXPECT_EQ(qztoken_regex_index(list, "a.dat"), 1);
+    EXPECT_EQ(qztoken_regex_index(list, ""), 2);
+}
+
+TEST(Wildcard, AMalformedOneIsReportedAndSkipped)
+{
+    const List list{"[a", "a"};
+    EXPECT_EQ(messages_of([&] { EXPECT_EQ(qztoken_regex_compile(list), 0); }),
+              "FATAL Error in regular expression: unmatched [] \n");
+    EXPECT_EQ(messages_of([&] { EXPECT_EQ(qztoken_regex_index(list, "a"), 1); }), "");
+    EXPECT_EQ(messages_of([&] { EXPECT_EQ(qztoken_regex_index(list, "[a"), -1); }), "");
+}
+
+TEST(Wildcard, TheLongestThatFits)
+{
+    // The caret and the terminator take two of the 10,000 bytes.
+    const std::string fits(9998, 'a');
+    const std::string digits(1999, '#'); // five bytes each
+    const List list{fits.c_str(), (fits + "a").c_str(), (digits + "abc").c_str(),
+                    (digits + "#").c_str(), std::string(100'000, '*').c_str()};
+    EXPECT_EQ(messages_of([&] { EXPECT_EQ(qztoken_regex_compile(list), 0); }),
+              "FATAL Error in regular expression: regexp too big \n"
+              "FATAL Error in regular expression: regexp too big \n"
+              "FATAL Error in regular expression: regexp too big \n");
+    EXPECT_EQ(qztoken_regex_index(list, fits.c_str()), 0);
+    EXPECT_EQ(qztoken_regex_index(list, (std::string(1999, '7') + "abc").c_str()), 2);
+    EXPECT_EQ(qztoken_regex_index(list, "**"), -1);
+}
+
+TEST(Wildcard, FaultsOfTheCalls)
+{
+    const List list("a b");
+    EXPECT_EQ(messages_of([] { EXPECT_EQ(qztoken_regex_compile(9999), -1); }),
+              "WARNING qztoken_regex_compile(): bad tok index = 9999 \n");
+    EXPECT_EQ(messages_of([] { EXPECT_EQ(qztoken_regex_index(9999, "a"), -1); }),
+              "WARNING qztoken_regex_index():bad tok index = 9999\n");
+    EXPECT_EQ(messages_of([&] { EXPECT_EQ(qztoken_regex_index(list, "a"), -1); }), kNotEnough);
+}
+
+TEST(Wildcard, ThePatternsOutliveTheTokens)
+{
+    const List list("a* b*");
+    qztoken_regex_compile(list);
+    qztoken_replace(list, 0, "x");
+    EXPECT_EQ(qztoken_regex_index(list, "abc"), 0) << "compiled before the change";
+    qztoken_add(list, "c");
+    EXPECT_EQ(messages_of([&] { EXPECT_EQ(qztoken_regex_index(list, "abc"), -1); }), kNotEnough);
+    qztoken_clear(list);
+    EXPECT_EQ(messages_of([&] { EXPECT_EQ(qztoken_regex_index(list, "abc"), -1); }), kNotEnough);
+    qztoken_regex_compile(list);
+    EXPECT_EQ(messages_of([&] { EXPECT_EQ(qztoken_regex_index(list, "abc"), -1); }), "")
+        << "an empty list matches nothing";
+}
+
+} // namespace
