@@ -1,0 +1,96 @@
+#include "qzcommon.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <climits>
+#include <string>
+#include <vector>
+
+namespace {
+
+/// The numbered rules of quoting, with memory as needed: what the call must make of @p text.
+std::string plain_quote(const std::string &text)
+{
+    std::string working;
+    for (char c : text)
+        working += c == '"' ? "\\\"" : std::string(1, c);
+    const std::string doubled = working[0] == '\\' ? "\\" : "";
+    return working[0] + doubled + '"' + working.substr(1) + '"';
+}
+
+/// Quotes a copy in memory that ends with the result's NUL, so that a sanitizer sees a byte more.
+int quote(std::string &text, int size)
+{
+    std::vector<char> memory(plain_quote(text + "x").size());
+    std::copy(text.begin(), text.end(), memory.begin());
+    const int result = qzcommon_prepare_str_for_shell(memory.data(), size);
+    if (result != 0) {
+        EXPECT_EQ(text, memory.data()) << "a failure changes nothing";
+    }
+    text = memory.data();
+    return result;
+}
+
+struct QuoteCase {
+    const char *why;
+    std::string text;
+    int size;
+    const char *quoted; // null where quoting fails
+};
+
+const QuoteCase kQuotes[] = {
+    {"the opening quote follows the first character", "abc",          100,     "a\"bc\""           },
+    {"blanks are what quoting is for",                "a b c",        100,     "a\" b c\""         },
+    {"a quote is escaped",                            "x\"y",         100,     "x\"\\\"y\""        },
+    {"two quotes, side by side and at the end",       "x\"\"",        100,     "x\"\\\"\\\"\""     },
+    {"a leading backslash is doubled",                "\\share\\dir", 100,     "\\\\\"share\\dir\""},
+    {"a leading quote becomes a leading backslash",   "\"a\"",        100,     "\\\\\"\"a\\\"\""   },
+    {"a lone quote counts as two characters",         "\"",           100,     "\\\\\"\"\""        },
+
+    {"a slash at the end",                            "C:/dir/",      100,     nullptr             },
+    {"a backslash at the end",                        "dir\\",        100,     nullptr             },
+    {"nothing",                                       "",             100,     nullptr             },
+    {"one character",                                 "a",            100,     nullptr             },
+
+    {"size counts two more characters and no NUL",    "ab",           4,       "a\"b\""            },
+    {"one less is refused",                           "ab",           3,       nullptr             },
+    {"three more with a leading backslash",           "\\ab",         6,       "\\\\\"ab\""        },
+    {"three more, one less",                          "\\ab",         5,       nullptr             },
+    {"size leaves out up to two quotes",              "a\"b\"c",      7,       "a\"\\\"b\\\"c\""   },
+    {"a third quote needs its own character",         "a\"\"\"c",     7,       nullptr             },
+    {"a third quote has its own character",           "a\"\"\"c",     8,       "a\"\\\"\\\"\\\"c\""},
+    {"no size",                                       "ab",           0,       nullptr             },
+    {"a negative size",                               "ab",           INT_MIN, nullptr             },
+    {"the largest size costs nothing",                "ab",           INT_MAX, "a\"b\""            },
+};
+
+TEST(ShellQuote, Cases)
+{
+    for (const QuoteCase &c : kQuotes) {
+        SCOPED_TRACE(c.why);
+        std::string text = c.text;
+        EXPECT_EQ(quote(text, c.size), c.quoted == nullptr ? -1 : 0);
+        EXPECT_EQ(text, c.quoted == nullptr ? c.text : c.quoted);
+    }
+    EXPECT_EQ(qzcommon_prepare_str_for_shell(nullptr, 100), -1);
+}
+
+TEST(ShellQuote, EveryShortText)
+{
+    const std::string letters = "a\"\\/ ";
+    for (unsigned number = 1; number < 5 * 5 * 5 * 5 * 5; ++number) {
+        std::string text;
+        for (unsigned rest = number; rest != 0; rest = (rest - 1) / 5)
+            text += letters[(rest - 1) % 5];
+        SCOPED_TRACE(text);
+        const bool fails = text == "a" || text == " " || text.back() == '/' || text.back() == '\\';
+        std::string quoted = text;
+        ASSERT_EQ(quote(quoted, 100), fails ? -1 : 0);
+        if (!fails) {
+            ASSERT_EQ(quoted, plain_quote(text));
+        }
+    }
+}
+
+} // namespace
