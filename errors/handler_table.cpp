@@ -4,15 +4,52 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <vector>
 
 namespace qz::errors {
 
-QzerrHandler standard_error_handler()
+ReadyHandlers ready_handlers;
+
+namespace {
+
+/// One of the default handlers, set up on first use to write to standard error. Never destroyed.
+template <int id> QzerrHandler &default_record()
 {
-    QzerrHandler handler;
-    handler.destination.stream = stderr;
-    handler.kind = DestinationKind::kStream;
+    static QzerrHandler handler = [] {
+        QzerrHandler made;
+        made.destination.stream = stderr;
+        made.kind = DestinationKind::kStream;
+        return made;
+    }();
+    ready_handlers.defaults[id - kLibraryHandler].store(&handler, std::memory_order_release);
     return handler;
+}
+
+/// The handlers made by qzerr_new. Never destroyed: the last static object may still report.
+std::vector<QzerrHandler> &made_handlers()
+{
+    static auto &slots = *new std::vector<QzerrHandler>;
+    return slots;
+}
+
+} // namespace
+
+QzerrHandler &default_handler()
+{
+    return default_record<kDefaultHandler>();
+}
+
+QzerrHandler *find_handler(int id)
+{
+    if (id == kLibraryHandler)
+        return &default_record<kLibraryHandler>();
+    if (id == kDefaultHandler)
+        return &default_record<kDefaultHandler>();
+    auto &slots = made_handlers();
+    if (id < 1 || static_cast<std::size_t>(id) > slots.size())
+        return nullptr;
+    QzerrHandler &handler = slots[static_cast<std::size_t>(id) - 1];
+    return handler.in_use ? &handler : nullptr;
 }
 
 } // namespace qz::errors
@@ -24,13 +61,15 @@ int qzerr_new(int *id)
     if (id == nullptr)
         return 0;
     *id = -1;
-    auto &slots = handler_slots();
+    auto &slots = made_handlers();
     auto slot = std::find_if(slots.begin(), slots.end(),
                              [](const QzerrHandler &handler) { return !handler.in_use; });
     if (slot != slots.end())
         *slot = QzerrHandler();
     else
         slot = slots.insert(slots.end(), QzerrHandler());
+    ready_handlers.slots = slots.data();
+    ready_handlers.slot_count = slots.size();
     *id = static_cast<int>(slot - slots.begin()) + 1;
     return 1;
 }

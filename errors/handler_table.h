@@ -3,8 +3,9 @@
 
 #include "errors/handler.h"
 
+#include <atomic>
+#include <cstddef>
 #include <cstdint>
-#include <vector>
 
 namespace qz::errors {
 
@@ -13,40 +14,31 @@ constexpr int kDefaultHandler = 0;
 /// The handler on which the library itself reports.
 constexpr int kLibraryHandler = -1;
 
-/// A handler that writes to standard error, as both default handlers do at first.
-QzerrHandler standard_error_handler();
-
-inline QzerrHandler &default_handler()
-{
-    static QzerrHandler handler = standard_error_handler();
-    return handler;
-}
-
-inline QzerrHandler &library_handler()
-{
-    static QzerrHandler handler = standard_error_handler();
-    return handler;
-}
-
-/// The handlers made by qzerr_new; handler n is in slot n - 1. Never destroyed.
-inline std::vector<QzerrHandler> &handler_slots()
-{
-    static auto &slots = *new std::vector<QzerrHandler>;
-    return slots;
-}
-
 /// The handler with that id, or null. Borrowed until the next qzerr_new: the slots may move.
-/// Inline because a message below its handler's level costs hardly more than this.
-inline QzerrHandler *find_handler(int id)
+QzerrHandler *find_handler(int id);
+
+QzerrHandler &default_handler();
+
+/// The handlers that are set up already, for the filter in front of qzerr_throw.
+struct ReadyHandlers {
+    std::atomic<const QzerrHandler *> defaults[2]; ///< -1, then 0; null until their first use
+    const QzerrHandler *slots;                     ///< those of qzerr_new; 1 is the first
+    std::size_t slot_count;
+};
+
+extern ReadyHandlers ready_handlers;
+
+/// The handler that find_handler() gives, or null when it has not been used yet. Inline and without
+/// a call: a message below its handler's level costs hardly more than this.
+inline const QzerrHandler *find_ready_handler(int id)
 {
-    if (id == kLibraryHandler)
-        return &library_handler();
-    if (id == kDefaultHandler)
-        return &default_handler();
-    auto &slots = handler_slots();
-    if (id < 1 || static_cast<std::size_t>(id) > slots.size())
+    const unsigned from_library_handler = static_cast<unsigned>(id) + 1;
+    if (__builtin_expect(from_library_handler <= 1, 1))
+        return ready_handlers.defaults[from_library_handler].load(std::memory_order_acquire);
+    const std::size_t index = from_library_handler - 2; // of a negative id beyond any count
+    if (index >= ready_handlers.slot_count)
         return nullptr;
-    QzerrHandler &handler = slots[static_cast<std::size_t>(id) - 1];
+    const QzerrHandler &handler = ready_handlers.slots[index];
     return handler.in_use ? &handler : nullptr;
 }
 

@@ -53,8 +53,7 @@ bool write_to_stream(int id, FILE *stream, const char *message)
 /// @return false when the stream or the window refused it.
 bool print(int id, const QzerrHandler &handler, const char *message)
 {
-    // The interpreter and the window run code of the host, which may make and delete handlers:
-    // the record is not to be read after the first of them has run.
+    // Read before the interpreter runs code of the host, which may move or reuse the record.
     const auto window = handler.window;
     switch (handler.kind) {
     case DestinationKind::kNone:
@@ -71,33 +70,40 @@ bool print(int id, const QzerrHandler &handler, const char *message)
     return window == nullptr || window(message) != -1;
 }
 
-/// Formats a message that its handler shows, prints and captures it. It stands apart from the
-/// filter so that a message below the level never touches the big buffer's stack.
-[[gnu::noinline]] int show(int id, const QzerrHandler &handler, unsigned level, const char *format,
-                           va_list arguments)
+/// Whether a message is below its handler's level and leaves nothing to note either.
+bool is_idle(int id, unsigned level)
 {
+    const QzerrHandler *handler = find_ready_handler(id);
+    return __builtin_expect(
+        handler != nullptr && level < handler->level && level <= handler->max_level, 1);
+}
+
+/// Reports a message. It stands apart from the filter in front of it, so that most messages neither
+/// touch the stack of the big buffer nor save registers for the formatter.
+[[gnu::noinline]] int report(int id, unsigned level, const char *format, va_list arguments)
+{
+    QzerrHandler *handler = find_handler(id);
+    if (handler == nullptr)
+        return 0;
+    if (level < kLevelUndefined && level > handler->max_level)
+        handler->max_level = level;
+    if (level < handler->level)
+        return 1;
+
     char message[kMessageBytes];
-    const std::size_t head = compose_head(message, handler, level);
+    const std::size_t head = compose_head(message, *handler, level);
     if (format != nullptr)
         platform::qzwin32_vsnprintf(message + head, kMessageBytes - head, format, arguments);
     else
         message[head] = '\0';
 
-    if (!handler.printing_suppressed && !print(id, handler, message))
+    if (!handler->printing_suppressed && !print(id, *handler, message))
         return 0;
-    QzerrHandler *after = find_handler(id);
-    if (after == nullptr || !after->capturing)
+    // The interpreter and the window run code of the host, which may make and delete handlers.
+    handler = find_handler(id);
+    if (handler == nullptr || !handler->capturing)
         return 1;
-    return append(after->captured, message) ? 1 : 0;
-}
-
-/// Raises the handler's maximum level, whether the message is shown or not.
-/// @return whether the handler shows it.
-bool passes(QzerrHandler &handler, unsigned level)
-{
-    if (level < kLevelUndefined && level > handler.max_level)
-        handler.max_level = level;
-    return level >= handler.level;
+    return append(handler->captured, message) ? 1 : 0;
 }
 
 } // namespace
@@ -118,23 +124,16 @@ using namespace qz::errors;
 
 int qzerr_vthrow(int id, unsigned level, const char *format, va_list arguments)
 {
-    QzerrHandler *handler = find_handler(id);
-    if (handler == nullptr)
-        return 0;
-    return passes(*handler, level) ? show(id, *handler, level, format, arguments) : 1;
+    return is_idle(id, level) ? 1 : report(id, level, format, arguments);
 }
 
 int qzerr_throw(int id, unsigned level, const char *format, ...)
 {
-    // Filters before it turns to its arguments: most messages end here.
-    QzerrHandler *handler = find_handler(id);
-    if (handler == nullptr)
-        return 0;
-    if (!passes(*handler, level))
+    if (is_idle(id, level))
         return 1;
     va_list arguments;
     va_start(arguments, format);
-    const int result = show(id, *handler, level, format, arguments);
+    const int result = report(id, level, format, arguments);
     va_end(arguments);
     return result;
 }

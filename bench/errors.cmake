@@ -1,0 +1,1 @@
+qz_bench(errors_bench SOURCES errors_bench.cpp)
