@@ -1,0 +1,188 @@
+#include "errors/message.h"
+#include "errors/message_sink.h"
+#include "qzerr.h"
+#include "qzerr.hpp"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <cstring>
+#include <string>
+
+namespace {
+
+using halcyra::qzlibs::CaptureQZErr;
+
+std::string window_text;
+
+int record(const char *message)
+{
+    window_text += message;
+    return 0;
+}
+
+int refuse(const char *message)
+{
+    record(message);
+    return -1;
+}
+
+TEST(Throw, FiltersByLevelAndNotesTheHighest)
+{
+    const struct {
+        const char *why;
+        unsigned threshold;
+        unsigned level;
+        const char *printed;
+        unsigned max_level;
+    } cases[] = {
+        {"above the threshold",              4,   5,   "p: FATAL 3\n",           5},
+        {"at the threshold",                 4,   4,   "p: WARNING 3\n",         4},
+        {"below: counted but not shown",     4,   3,   "",                       3},
+        {"the lowest level never counts",    0,   0,   "p: BUMMER 3\n",          1},
+        {"OFF is the highest that counts",   6,   6,   "p: OFF 3\n",             6},
+        {"7 has no name and does not count", 4,   7,   "p: LEVEL UNDEFINED 3\n", 1},
+        {"a negative level is a large one",  4,   ~0U, "p: LEVEL UNDEFINED 3\n", 1},
+        {"thresholds go on above 7",         100, 99,  "",                       1},
+    };
+
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.why);
+        MessageSink sink(c.threshold);
+        qzerr_prefix(sink.id(), "p: ");
+        for (int repeated = 0; repeated < 2; ++repeated)
+            EXPECT_EQ(qzerr_throw(sink.id(), c.level, "%d\n", 3), 1);
+        EXPECT_EQ(sink.text(), std::string(c.printed) + c.printed);
+        EXPECT_EQ(sink.max_level(), c.max_level);
+    }
+}
+
+TEST(Throw, LongTextIsCutToTheBuffer)
+{
+    MessageSink sink;
+    const std::string longest(20000, 'x');
+    qzerr_throw(sink.id(), QZERR_FATAL, "%s\n", longest.c_str());
+    EXPECT_EQ(sink.text(), "FATAL " + std::string(10239 - 6, 'x'));
+}
+
+TEST(Throw, TextThatCannotBeFormattedLeavesTheHead)
+{
+    MessageSink sink;
+    const char *no_format = nullptr;
+    EXPECT_EQ(qzerr_throw(sink.id(), QZERR_FATAL, no_format), 1);
+    EXPECT_EQ(sink.text(), "FATAL ");
+    EXPECT_EQ(qzerr_throw(sink.id(), QZERR_FATAL, "a %ls", L"\x7fffffff"), 1);
+    EXPECT_EQ(sink.text().substr(0, 14), "FATAL FATAL a ");
+}
+
+TEST(Throw, AMessageEndsAtItsFirstNul)
+{
+    MessageSink sink;
+    CaptureQZErr captured(sink.id());
+    qzerr_restore_print(sink.id());
+    qzerr_throw(sink.id(), QZERR_FATAL, "a%cb", 0);
+    qzerr_throw(sink.id(), QZERR_FATAL, "c");
+    EXPECT_EQ(sink.text(), "FATAL aFATAL c");
+    EXPECT_EQ(captured.getMessages(), "FATAL aFATAL c");
+}
+
+TEST(Throw, TheNewlineIsForStreamsOnly)
+{
+    MessageSink sink;
+    window_text.clear();
+    qzerr_window(sink.id(), record);
+    {
+        const qz::errors::NewlineAfterMessages newline;
+        qzerr_throw(sink.id(), QZERR_FATAL, "a");
+    }
+    qzerr_throw(sink.id(), QZERR_FATAL, "b");
+    EXPECT_EQ(sink.text(), "FATAL a\nFATAL b");
+    EXPECT_EQ(window_text, "FATAL aFATAL b");
+}
+
+TEST(Throw, AFailedDestinationSkipsTheNextOnes)
+{
+    const std::string path = testing::TempDir() + "qzerr_read_only.txt";
+    std::fclose(std::fopen(path.c_str(), "w"));
+    FILE *const read_only = std::fopen(path.c_str(), "r");
+
+    const struct {
+        const char *why;
+        bool broken_stream;
+        int (*window)(const char *);
+        bool suppressed;
+        int result;
+        const char *shown;
+        const char *captured;
+    } cases[] = {
+        {"all take it",               false, record, false, 1, "FATAL x", "FATAL x"},
+        {"the stream fails",          true,  record, false, 0, "",        ""       },
+        {"the window refuses",        false, refuse, false, 0, "FATAL x", ""       },
+        {"suppressed: only captured", true,  refuse, true,  1, "",        "FATAL x"},
+    };
+
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.why);
+        MessageSink sink;
+        CaptureQZErr captured(sink.id());
+        if (!c.suppressed)
+            qzerr_restore_print(sink.id());
+        if (c.broken_stream)
+            qzerr_file(sink.id(), read_only);
+        qzerr_window(sink.id(), c.window);
+        window_text.clear();
+        EXPECT_EQ(qzerr_throw(sink.id(), QZERR_FATAL, "x"), c.result);
+        EXPECT_EQ(window_text, c.shown);
+        EXPECT_EQ(captured.getMessages(), c.captured);
+    }
+    std::fclose(read_only);
+    std::remove(path.c_str());
+}
+
+TEST(Throw, WithoutAStreamTheWindowAndTheCaptureGoOn)
+{
+    MessageSink sink;
+    CaptureQZErr captured(sink.id());
+    qzerr_restore_print(sink.id());
+    qzerr_file(sink.id(), nullptr);
+    qzerr_window(sink.id(), record);
+    window_text.clear();
+    EXPECT_EQ(qzerr_throw(sink.id(), QZERR_FATAL, "x"), 1);
+    EXPECT_EQ(sink.text(), "");
+    EXPECT_EQ(window_text, "FATAL x");
+    EXPECT_EQ(captured.getMessages(), "FATAL x");
+}
+
+int busy_handler;
+
+TEST(Throw, AWindowMayMakeAndDeleteHandlers)
+{
+    qzerr_new(&busy_handler);
+    CaptureQZErr captured(busy_handler);
+    qzerr_restore_print(busy_handler);
+    qzerr_window(busy_handler, [](const char *) {
+        int made[100]; // enough to move the table
+        for (int &id : made)
+            qzerr_new(&id);
+        for (int id : made)
+            qzerr_delete(id);
+        return 0;
+    });
+    EXPECT_EQ(qzerr_throw(busy_handler, QZERR_FATAL, "x"), 1);
+    EXPECT_EQ(captured.getMessages(), "FATAL x");
+
+    qzerr_window(busy_handler, [](const char *) {
+        qzerr_delete(busy_handler);
+        return 0;
+    });
+    EXPECT_EQ(qzerr_throw(busy_handler, QZERR_FATAL, "x"), 1);
+    EXPECT_EQ(qzerr_throw(busy_handler, QZERR_FATAL, "x"), 0);
+}
+
+TEST(LastError, IsTheTextOfTheSystemForThisThread)
+{
+    errno = ENOENT;
+    EXPECT_EQ(halcyra::get_last_error(), std::strerror(ENOENT));
+}
+
+} // namespace
