@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <string>
 
 using scene::Messages;
@@ -57,4 +58,17 @@ TEST_F(Removal, RefusesInSilence)
     EXPECT_TRUE(is_there("file"));
     EXPECT_EQ(qzfile_rm_recursive(nullptr), -1);
     EXPECT_EQ(messages.text(), "FATAL qzfile_rm_recursive: Null path.\n");
+}
+
+TEST_F(Removal, SaysWhichFileStays)
+{
+    constexpr char kKernelsOwn[] = "/proc/self/status";
+    if (!fs::exists(kKernelsOwn))
+        GTEST_SKIP() << "no file here that even the administrator cannot remove";
+    Messages messages;
+    errno = 0;
+    EXPECT_EQ(qzfile_rm_recursive(kKernelsOwn), -1);
+    EXPECT_EQ(errno, EPERM);
+    EXPECT_EQ(messages.text(), "WARNING qzfile_rm_recursive: unlink failed: \\proc\\self\\status");
+    EXPECT_EQ(qzfile_rm_recursive("/proc/self/fdinfo"), -1) << "nor a directory, without a word";
 }
