@@ -12,8 +12,25 @@
 extern "C" {
 #endif
 
-typedef enum QZpref_Err { QZPREF_SUCCESS_ = 0 } QZpref_Err;
+/** Result of most calls on preferences. */
+typedef enum QZpref_Err {
+    QZPREF_SUCCESS_ = 0,
+    /** No open file, an empty file that cannot be made, a value of the wrong type for an existing
+     *  key, or a value that no preference file can hold. */
+    QZPREF_FAILURE = 1,
+    /** Only a lower layer has the key; the getter with a default has handed back its default. */
+    QZPREF_LOWER_LAYER = 2,
+    /** The stored value is of another type or does not spell a value of its own. */
+    QZPREF_CONVERSION_ERROR = 3,
+    QZPREF_KEY_NOT_FOUND = 4,   /**< no layer has the key */
+    QZPREF_ACCESS_ERROR = 6,    /**< a file cannot be read or written */
+    QZPREF_FORMAT_ERROR = 7,    /**< a file is not in the preference format */
+    QZPREF_UNKNOWN_PRODUCT = 8, /**< not one of QZPREF_PRODUCTS */
+    QZPREF_LOCK_ERROR = 9,      /**< the lock on a file could not be taken */
+    QZPREF_INVALID_KEY = 10     /**< a component of the key is not an XML name */
+} QZpref_Err;
 
+/** Platform that a value is for; 0 stands for all. */
 typedef enum QZPREF_PLATFORM {
     QZPREF_PLATFORM_NONE = 0,
     QZPREF_PLATFORM_WINDOWS,
@@ -21,6 +38,7 @@ typedef enum QZPREF_PLATFORM {
     QZPREF_PLATFORM_DARWIN
 } QZPREF_PLATFORM;
 
+/** Type of a stored value, as its "dt" attribute names it. */
 typedef enum QZPREF_TYPE {
     QZPREF_TYPE_NONE = 0,
     QZPREF_TYPE_INT,
@@ -29,9 +47,27 @@ typedef enum QZPREF_TYPE {
     QZPREF_TYPE_BOOL
 } QZPREF_TYPE;
 
+/** Products with preferences of their own, in the order of their names. */
 typedef enum QZPREF_PRODUCTS {
     QZPREF_PRODUCT_FIRST_ = 0,
-    QZPREF_PRODUCT_FORCE_SIGNED_ = -1
+    QZPREF_ATELIO = 0,
+    QZPREF_BORVANE = 1,
+    QZPREF_CELDRIS = 2,
+    QZPREF_DOVREL = 3,
+    QZPREF_ENSKARA = 4,
+    QZPREF_FENDRO = 5,
+    QZPREF_GRELLIN = 6,
+    QZPREF_HESPAR = 7,
+    QZPREF_ISKRELL = 8,
+    QZPREF_KORVEL = 9,
+    QZPREF_LUMARIS = 10,
+    QZPREF_MERIDAX = 11,
+    QZPREF_NORVANE = 12,
+    QZPREF_OSTREL = 13,
+    QZPREF_PLINDRA = 14,
+    QZPREF_TARVEX = 15,
+    QZPREF_PRODUCT_FORCE_SIGNED_ = -1,
+    QZPREF_PRODUCT_FORCE_32_BITS_ = 0x7fffffff
 } QZPREF_PRODUCTS;
 
 QZ_API int qzpref_new(size_t *h, QZPREF_PRODUCTS product);

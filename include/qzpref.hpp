@@ -16,7 +16,7 @@
 #include <string>
 #include <vector>
 
-enum QZPrefSource {
+enum QZPrefSource : int {
     QZPrefSource_User = 0,
     QZPrefSource_Machine = 1,
     QZPrefSource_Installation = 2,
@@ -27,9 +27,17 @@ QZ_API std::string qzpref_source_to_string(QZPrefSource source);
 QZ_API QString qzpref_config_path();
 QZ_API QSettings::Format getQSettingsFormat();
 
+namespace qz {
+namespace pref {
+struct StoreSession;
+}
+} // namespace qz
+
 class QZ_API QZPREF {
 public:
     QZPREF(QZPREF_PRODUCTS product, bool migrate);
+    QZPREF(const QZPREF &other);
+    QZPREF &operator=(const QZPREF &other);
     virtual ~QZPREF();
     virtual void clearSettings();
     void getSettingsFile(std::string &path) const;
@@ -59,6 +67,18 @@ public:
     QZPREF_TYPE getType(const std::string &key);
     int removeKey(const std::string &key, QZPREF_TYPE type);
     QZPrefSource getKeySource(const char *key);
+
+private:
+    QZpref_Err initialize_handle(bool migrate);
+    QZpref_Err create_empty_preference_file();
+    QZpref_Err discard_corrupt_file();
+    void migrate_preferences();
+    void loadFromRelease(const std::string &release);
+    int remove_key(const char *key);
+
+    QZPREF_PRODUCTS product_;
+    QZPREF_PLATFORM os_attribute_;
+    std::shared_ptr<qz::pref::StoreSession> settings_;
 };
 
 namespace halcyra {
@@ -80,6 +100,18 @@ public:
     void removeKey(const std::string &key);
     void clear();
 };
+
+template <> QZ_API int Preferences::get<int>(const std::string &key) const;
+template <> QZ_API double Preferences::get<double>(const std::string &key) const;
+template <> QZ_API bool Preferences::get<bool>(const std::string &key) const;
+template <> QZ_API std::string Preferences::get<std::string>(const std::string &key) const;
+template <> QZ_API QString Preferences::get<QString>(const std::string &key) const;
+template <> QZ_API void Preferences::set<int>(const std::string &key, const int &value);
+template <> QZ_API void Preferences::set<double>(const std::string &key, const double &value);
+template <> QZ_API void Preferences::set<bool>(const std::string &key, const bool &value);
+template <>
+QZ_API void Preferences::set<std::string>(const std::string &key, const std::string &value);
+template <> QZ_API void Preferences::set<QString>(const std::string &key, const QString &value);
 } // namespace halcyra
 
 #endif

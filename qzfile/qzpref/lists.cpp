@@ -1,0 +1,210 @@
+#include "qzfile/qzpref/key_validation.h"
+#include "qzfile/qzpref/store_session.h"
+#include "qzfile/qzpref/typed_lookup.h"
+#include "qzpref.hpp"
+
+#include <absl/container/flat_hash_set.h>
+
+#include <set>
+
+using namespace qz::pref;
+
+namespace {
+
+/// Calls @p visit(entry) for every key of @p document below @p prefix ("display/", or "" for all).
+template <typename Visit>
+void for_each_below(const Document &document, const std::string &prefix, Visit visit)
+{
+    for (auto entry = document.lower_bound(prefix); entry != document.entries().end(); ++entry) {
+        if (std::string_view(entry->first).substr(0, prefix.size()) != prefix)
+            return;
+        visit(entry->first);
+    }
+}
+
+std::string prefix_of(const std::string &group)
+{
+    return group.empty() ? group : group + '/';
+}
+
+/// Collects the values of type T below the group that @p session is in.
+template <typename T> class ListReader {
+public:
+    ListReader(StoreSession &session, std::map<std::string, T> &values)
+        : session_(session), prefix_(prefix_of(session.groups.path())), values_(values)
+    {}
+
+    /// @return false when no layer has a key there.
+    bool collect()
+    {
+        const FallbackLayers &fallbacks = session_.layers.get();
+        return session_.file->read([&](const Document &user) {
+            collect_from(user, user, fallbacks);
+            if (fallbacks.machine)
+                collect_from(*fallbacks.machine, user, fallbacks);
+            if (fallbacks.installation)
+                collect_from(*fallbacks.installation, user, fallbacks);
+            return any_key_;
+        });
+    }
+
+    bool some_unreadable() const { return some_unreadable_; }
+
+private:
+    void collect_from(const Document &layer, const Document &user, const FallbackLayers &fallbacks)
+    {
+        for_each_below(layer, prefix_, [&](const std::string &key) {
+            any_key_ = true;
+            // All platform forms of a preference give one answer, whichever layer lists them.
+            const std::string_view base =
+                std::string_view(key).substr(0, key.find(':', prefix_.size()));
+            if (seen_.insert(base).second)
+                take(base, variants_in_layers(user, fallbacks, base));
+        });
+    }
+
+    void take(std::string_view full_key, const LayeredVariants &variants)
+    {
+        if (type_of(variants) != type_of_values<T>())
+            return;
+        const KeyRecord *record = answering_record(variants).record;
+        if (!record)
+            return;
+        if (std::optional<T> value = value_of<T>(*record)) {
+            values_.insert_or_assign(values_.end(), std::string(full_key.substr(prefix_.size())),
+                                     std::move(*value));
+        } else {
+            some_unreadable_ = true;
+        }
+    }
+
+    StoreSession &session_;
+    const std::string prefix_;
+    std::map<std::string, T> &values_;
+    absl::flat_hash_set<std::string_view> seen_;
+    bool any_key_ = false;
+    bool some_unreadable_ = false;
+};
+
+template <typename T>
+QZpref_Err get_list(StoreSession *session, const std::string &group,
+                    std::map<std::string, T> &values)
+{
+    if (!session)
+        return QZPREF_FAILURE;
+    // A group that is no key is not entered, yet one level is left below: callers count on both.
+    if (group.empty() || validate_key(group) == QZPREF_SUCCESS_)
+        session->groups.enter(group);
+    ListReader<T> reader(*session, values);
+    if (!reader.collect())
+        return QZPREF_KEY_NOT_FOUND; // the group stays entered
+    session->groups.leave();
+    if (values.empty())
+        return QZPREF_KEY_NOT_FOUND;
+    return reader.some_unreadable() ? QZPREF_CONVERSION_ERROR : QZPREF_SUCCESS_;
+}
+
+/// Names of the groups directly below @p group, in order.
+std::set<std::string, KeyOrder> child_groups(const Document &document, const std::string &group)
+{
+    const std::string prefix = prefix_of(group);
+    std::set<std::string, KeyOrder> names;
+    auto entry = document.lower_bound(prefix);
+    while (entry != document.entries().end() &&
+           entry->first.compare(0, prefix.size(), prefix) == 0) {
+        const std::size_t slash = entry->first.find('/', prefix.size());
+        if (slash == std::string::npos) {
+            ++entry;
+            continue;
+        }
+        names.insert(entry->first.substr(prefix.size(), slash - prefix.size()));
+        // On to the first key behind the whole group: '0' is the character after '/'.
+        entry = document.lower_bound(entry->first.substr(0, slash) + '0');
+    }
+    return names;
+}
+
+} // namespace
+
+QZpref_Err QZPREF::getIntList(const std::string &group, std::map<std::string, int> &values)
+{
+    return get_list(settings_.get(), group, values);
+}
+
+QZpref_Err QZPREF::getDoubleList(const std::string &group, std::map<std::string, double> &values)
+{
+    return get_list(settings_.get(), group, values);
+}
+
+QZpref_Err QZPREF::getBoolList(const std::string &group, std::map<std::string, bool> &values)
+{
+    return get_list(settings_.get(), group, values);
+}
+
+QZpref_Err QZPREF::getStringList(const std::string &group,
+                                 std::map<std::string, std::string> &values)
+{
+    return get_list(settings_.get(), group, values);
+}
+
+int QZPREF::getSubgroups(std::vector<std::string> &groups, int depth)
+{
+    if (!settings_)
+        return 0;
+    const std::string here = settings_->groups.path();
+    return settings_->file->read([&](const Document &user) {
+        int levels = 0;
+        std::vector<std::string> level = {""};
+        while (!level.empty() && (depth == 0 || levels < depth)) {
+            std::vector<std::string> next;
+            for (const std::string &parent : level) {
+                const std::string path = prefix_of(parent);
+                const std::string full = parent.empty() ? here : prefix_of(here) + parent;
+                for (const std::string &name : child_groups(user, full))
+                    next.push_back(path + name);
+            }
+            if (next.empty())
+                break;
+            ++levels;
+            groups.insert(groups.end(), next.begin(), next.end());
+            level = std::move(next);
+        }
+        return levels;
+    });
+}
+
+int QZPREF::removeKey(const std::string &key, QZPREF_TYPE type)
+{
+    if (!settings_)
+        return 0;
+    if (type != QZPREF_TYPE_NONE)
+        return hasKey(key, type) == QZPREF_SUCCESS_ ? remove_key(key.c_str()) : 0;
+
+    // Without a type the key names a group: everything below it goes, and a value of that name too.
+    const std::string full_key = settings_->groups.full_key(key);
+    const std::string bare_key = settings_->groups.full_key("");
+    const std::string prefix = full_key == bare_key ? bare_key : full_key + '/';
+    std::vector<std::string> doomed;
+    settings_->file->read([&](const Document &user) {
+        for_each_below(user, prefix, [&](const std::string &below) { doomed.push_back(below); });
+    });
+    const int count = static_cast<int>(doomed.size());
+    doomed.push_back(full_key);
+    settings_->file->remove(doomed);
+    settings_->auto_save.request();
+    return count;
+}
+
+int QZPREF::remove_key(const char *key)
+{
+    const std::string full_key = settings_->groups.full_key(key);
+    const std::string own_key = suffixed_key(full_key, current_platform());
+    const std::string *stored = settings_->file->read([&](const Document &user) {
+        return user.find(own_key) ? &own_key : user.find(full_key) ? &full_key : nullptr;
+    });
+    if (!stored)
+        return 0;
+    settings_->file->remove({*stored});
+    settings_->auto_save.request();
+    return 1;
+}

@@ -1,0 +1,186 @@
+#include "qzerr.hpp"
+#include "qzfile.hpp"
+#include "qzfile/qzpref/file_lock.h"
+#include "qzfile/qzpref/key_validation.h"
+#include "qzfile/qzpref/products.h"
+#include "qzfile/qzpref/store_session.h"
+#include "qzpref.hpp"
+
+#include <QDebug>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <boost/filesystem/operations.hpp>
+
+#include <stdexcept>
+
+using namespace qz::pref;
+
+namespace {
+
+/// Keeps error handler -1 from printing for a scope.
+class QuietHandler {
+public:
+    QuietHandler()
+    {
+        qzerr_print_state(kHandler, &was_printing_);
+        qzerr_suppress_print(kHandler);
+    }
+
+    QuietHandler(const QuietHandler &) = delete;
+    QuietHandler &operator=(const QuietHandler &) = delete;
+
+    ~QuietHandler()
+    {
+        if (was_printing_)
+            qzerr_restore_print(kHandler);
+    }
+
+private:
+    static constexpr int kHandler = -1;
+    int was_printing_ = 1;
+};
+
+} // namespace
+
+QZPREF::QZPREF(QZPREF_PRODUCTS product, bool migrate)
+    : product_(product), os_attribute_(QZPREF_PLATFORM_NONE)
+{
+    const QZpref_Err failure = initialize_handle(migrate);
+    if (failure) {
+        settings_.reset();
+        throw std::runtime_error(error_text(failure));
+    }
+    store_opened();
+}
+
+QZPREF::QZPREF(const QZPREF &other)
+    : product_(other.product_), os_attribute_(other.os_attribute_), settings_(other.settings_)
+{
+    store_opened();
+}
+
+QZPREF &QZPREF::operator=(const QZPREF &other) = default;
+
+QZPREF::~QZPREF()
+{
+    syncSettings();
+    settings_.reset();
+    store_closed();
+}
+
+QZpref_Err QZPREF::initialize_handle(bool migrate)
+{
+    if (!is_product(product_))
+        return QZPREF_UNKNOWN_PRODUCT;
+    const std::lock_guard<std::recursive_mutex> library(library_mutex());
+    scan_profile();
+
+    const QString release = QString::fromStdString(halcyra::release_name());
+    const QString path =
+        QFileInfo(halcyra::preferences::internal::get_qzpref_file(product_, release))
+            .absoluteFilePath();
+    FileLock lock(path, FileLock::Mode::Shared);
+    if (const QZpref_Err failure = lock.acquire())
+        return failure;
+    settings_ = std::make_shared<StoreSession>(path);
+    PreferenceFile &file = *settings_->file;
+    QZpref_Err status = file.refresh();
+
+    if (!file.exists()) {
+        if (migrate)
+            migrate_preferences();
+        else if (const QZpref_Err failure = create_empty_preference_file())
+            return failure;
+    }
+    if (!status)
+        return QZPREF_SUCCESS_;
+    qWarning().noquote().nospace() << "QZPREF::initialize_handle: Loading setting(" << path
+                                   << ") failed. " << error_text(status);
+    return status == QZPREF_FORMAT_ERROR ? discard_corrupt_file() : status;
+}
+
+void QZPREF::migrate_preferences()
+{
+    const QuietHandler quiet;
+    for (const std::string &release : qzfile_get_past_release_names()) {
+        loadFromRelease(release);
+        if (!settings_->file->empty())
+            return;
+    }
+}
+
+QZpref_Err QZPREF::create_empty_preference_file()
+{
+    namespace fs = boost::filesystem;
+    using halcyra::preferences::internal::get_qzpref_directory;
+    boost::system::error_code error;
+    const fs::path directory = get_qzpref_directory(halcyra::release_name());
+    if (!fs::exists(directory, error))
+        fs::create_directories(directory, error);
+    QFile file(settings_->file->path());
+    file.open(QIODevice::WriteOnly | QIODevice::NewOnly);
+    file.close();
+    return settings_->file->exists() ? QZPREF_SUCCESS_ : QZPREF_FAILURE;
+}
+
+QZpref_Err QZPREF::discard_corrupt_file()
+{
+    const QString path = settings_->file->path();
+    FileLock lock(path + QStringLiteral(".corrupt"), FileLock::Mode::Exclusive);
+    if (lock.acquire())
+        return QZPREF_FORMAT_ERROR;
+    QFile::remove(path);
+    return settings_->file->refresh();
+}
+
+void QZPREF::clearSettings()
+{
+    if (!settings_)
+        return;
+    settings_->file->clear();
+    settings_->auto_save.request();
+}
+
+void QZPREF::getSettingsFile(std::string &path) const
+{
+    path = settings_ ? QFile::encodeName(settings_->file->path()).toStdString() : std::string();
+}
+
+QZpref_Err QZPREF::beginGroup(const std::string &group)
+{
+    if (!settings_)
+        return QZPREF_FAILURE;
+    if (!group.empty()) {
+        if (const QZpref_Err failure = validate_key(group))
+            return failure;
+    }
+    settings_->groups.enter(group);
+    return QZPREF_SUCCESS_;
+}
+
+void QZPREF::endGroup()
+{
+    if (settings_)
+        settings_->groups.leave();
+}
+
+std::string QZPREF::getGroup() const
+{
+    return settings_ ? settings_->groups.path() : std::string();
+}
+
+void QZPREF::beginOsAttribute(QZPREF_PLATFORM platform)
+{
+    os_attribute_ = platform == QZPREF_PLATFORM_NONE ? current_platform() : platform;
+}
+
+void QZPREF::endOsAttribute()
+{
+    os_attribute_ = QZPREF_PLATFORM_NONE;
+}
+
+QZpref_Err QZPREF::syncSettings()
+{
+    return settings_ ? save_under_lock(*settings_->file) : QZPREF_FAILURE;
+}

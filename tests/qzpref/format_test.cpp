@@ -1,0 +1,282 @@
+#include "preference_scene.h"
+#include "qzfile/qzpref/document.h"
+#include "qzfile/qzpref/key_validation.h"
+#include "qzfile/qzpref/preference_file.h"
+#include "qzfile/qzpref/xml_reader.h"
+#include "qzfile/qzpref/xml_writer.h"
+
+#include <random>
+
+using namespace qz::pref;
+
+namespace {
+
+std::string shown(const std::string &key, const KeyRecord &record)
+{
+    std::string text = key + " =" + record.value();
+    record.for_each_attribute([&](std::string_view name, std::string_view value) {
+        text += " " + std::string(name) + ":" + std::string(value);
+    });
+    return record.comment().empty() ? text + "\n" : text + " #" + record.comment() + "\n";
+}
+
+std::string shown(const Document &document)
+{
+    std::string text;
+    for (const auto &[key, record] : document.entries())
+        text += shown(key, record);
+    return text;
+}
+
+/// What reading @p text gives; "!" in front when the reader refuses it.
+std::string read_back(const QByteArray &text)
+{
+    Document document;
+    const bool ok = read_preferences(text, [&](const std::string &key, const KeyRecord &record) {
+        document.append(key, record);
+    });
+    return (ok ? "" : "!") + shown(document);
+}
+
+QByteArray written(const Document &document)
+{
+    QByteArray text;
+    PreferenceWriter writer(text);
+    for (const auto &[key, record] : document.entries())
+        writer.write(key, record);
+    EXPECT_TRUE(writer.finish());
+    return text;
+}
+
+struct ReadCase {
+    const char *why;
+    const char *elements;
+    const char *expected;
+};
+
+const ReadCase kReadCases[] = {
+    {"groups nest", "<a><b dt='int'>1</b><c>x</c></a>", "a/b =1 dt:int\na/c =x\n"},
+    {"the platform becomes a suffix", "<a dt='int' os='linux'>3</a>", "a:os=linux =3 dt:int\n"},
+    {"a group's platform stands in the middle", "<a os='x'><b>1</b></a>", "a:os=x/b =1\n"},
+    {"white space is no value", "<a> \n\t</a><b></b><c/>", ""},
+    {"a value keeps the blanks around it", "<a> x </a>", "a = x \n"},
+    {"the comment right before belongs to the key", "<!--old--><!--c--><a>1</a>", "a =1 #c\n"},
+    {"a comment before a group is lost", "<!--c--><g><a>1</a></g>", "g/a =1\n"},
+    {"other attributes are kept", "<a z='1' dt='odd' b='2'>v</a>", "a =v b:2 dt:odd z:1\n"},
+    {"text in a group makes it a key", "<g x='1'>t<a>1</a></g>", "g =t x:1\ng/a =1\n"},
+    {"the last of equal keys counts", "<a>1</a><a>2</a>", "a =2\n"},
+    {"entities of the standard and characters by number", "<a>&lt;&#252;&amp;</a>", "a =<ü&\n"},
+    {"a section of plain text", "<a><![CDATA[<x>]]></a>", "a =<x>\n"},
+    {"a file cut short", "<a>1</a><b>", "!a =1\n"},
+    {"crossing tags", "<a>1</a><b><c></b></c>", "!a =1\n"},
+    {"an unknown entity", "<a>&foo;</a>", "!"},
+};
+
+TEST(PreferenceFormat, Reads)
+{
+    scene::QtLog log;
+    for (const ReadCase &c : kReadCases) {
+        SCOPED_TRACE(c.why);
+        const bool cut = std::string(c.why) == "a file cut short";
+        const std::string text = std::string("<ApplicationSettings>") + c.elements +
+                                 (cut ? "" : "</ApplicationSettings>");
+        EXPECT_EQ(read_back(QByteArray::fromStdString(text)), c.expected);
+    }
+    EXPECT_NE(log.text().find("! Error parsing XML configuration file"), std::string::npos);
+}
+
+TEST(PreferenceFormat, WritesTheDocumentedLayout)
+{
+    Document document;
+    KeyRecord colour;
+    colour.set_attribute("dt", "QString");
+    colour.set_value("black");
+    colour.set_comment("Window background");
+    document.set("display/colors/background", colour);
+    KeyRecord width;
+    width.set_attribute("dt", "int");
+    width.set_value("3");
+    document.set("display/width:os=linux", width);
+    EXPECT_EQ(written(document).toStdString(),
+              "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+              "<ApplicationSettings>\n"
+              "    <display>\n"
+              "        <colors>\n"
+              "            <!--Window background-->\n"
+              "            <background dt=\"QString\">black</background>\n"
+              "        </colors>\n"
+              "        <width dt=\"int\" os=\"linux\">3</width>\n"
+              "    </display>\n"
+              "</ApplicationSettings>\n");
+}
+
+// Whatever keys, values and attributes meet in a file, reading it gives back the same.
+TEST(PreferenceFormat, EveryDocumentReadsBackAsItWas)
+{
+    const char *names[] = {"a", "b", "ab", "a-b", "a.b", "ü", "é", "名"};
+    const char *suffixes[] = {"", "", "", ":os=linux", ":os=none", ":os=a=b", ":os=x/y"};
+    const char *values[] = {"1",     "a b",    " x ",   "\r\n",  "a\r", "\n y",
+                            "<&>\"'", "]]>",  "ü\U0001F600", "x\ty", "\u00A0z"};
+    const char *comments[] = {"", "", "note", "a<b & c"};
+    std::mt19937 engine(7);
+    const auto random = [&engine] { return static_cast<unsigned>(engine()); };
+    const auto one_of = [&](const auto &list) { return list[random() % std::size(list)]; };
+    for (int round = 0; round < 1500; ++round) {
+        Document document;
+        for (unsigned keys = random() % 12; keys > 0; --keys) {
+            std::string key = one_of(names);
+            for (unsigned depth = random() % 4; depth > 0; --depth)
+                key += std::string("/") + one_of(names);
+            KeyRecord record;
+            record.set_value(std::string("v") + one_of(values));
+            record.set_comment(one_of(comments));
+            if (random() % 2)
+                record.set_attribute("dt", random() % 2 ? "int" : "strange");
+            if (random() % 3 == 0)
+                record.set_attribute(random() % 2 ? "alpha" : "zeta", one_of(values));
+            document.set(key + one_of(suffixes), std::move(record));
+        }
+        const QByteArray text = written(document);
+        ASSERT_EQ(read_back(text), shown(document)) << text.toStdString();
+    }
+}
+
+TEST(PreferenceFormat, CommentsStayWellFormed)
+{
+    for (const char *comment : {"--", "-", "a--b", "---->", "x-"}) {
+        SCOPED_TRACE(comment);
+        Document document;
+        KeyRecord record;
+        record.set_value("1");
+        record.set_comment(comment);
+        document.set("a", record);
+        const std::string once = read_back(written(document));
+        EXPECT_EQ(once.find("a =1 #"), 0u) << once;
+    }
+}
+
+TEST(PreferenceFormat, SettingsSystemUsesTheSameFormat)
+{
+    QTemporaryDir directory;
+    const QString path = directory.filePath("x.xml");
+    {
+        QSettings settings(path, getQSettingsFormat());
+        settings.setValue("g/k:os=linux", QVariantMap{{"dt", "int"}, {"value", 5}, {"q", "1"}});
+        settings.sync();
+        EXPECT_EQ(settings.status(), QSettings::NoError);
+    }
+    Document document;
+    ASSERT_EQ(read_document(path, document), QZPREF_SUCCESS_);
+    EXPECT_EQ(shown(document), "g/k:os=linux =5 dt:int q:1\n");
+    // Another name, so that nothing is answered from the settings system's memory.
+    const QString copy = directory.filePath("y.xml");
+    ASSERT_TRUE(QFile::copy(path, copy));
+    QSettings settings(copy, getQSettingsFormat());
+    const QVariantMap expected{{"dt", "int"}, {"value", "5"}, {"q", "1"}};
+    EXPECT_EQ(settings.value("g/k:os=linux").toMap(), expected);
+}
+
+// Damage of any kind ends in a report and a code, in time that the size allows.
+TEST(PreferenceFormat, HostileFilesAreRefusedOrRead)
+{
+    scene::QtLog log;
+    std::string nested, bomb = "<!DOCTYPE x [<!ENTITY a0 'aaaaaaaaaa'>";
+    for (int i = 0; i < 200000; ++i)
+        nested += "<a>x";
+    for (int i = 1; i < 30; ++i) {
+        const std::string inner = "&a" + std::to_string(i - 1) + ";";
+        bomb += "<!ENTITY a" + std::to_string(i) + " '" + inner + inner + inner + inner + "'>";
+    }
+    bomb += "]><ApplicationSettings><k>&a29;</k></ApplicationSettings>";
+    EXPECT_EQ(read_back(QByteArray::fromStdString("<ApplicationSettings>" + nested)).front(), '!');
+    EXPECT_EQ(read_back(QByteArray::fromStdString(bomb)), "!");
+
+    const std::string good = "<ApplicationSettings><g><!--c--><k dt=\"int\">12</k></g>"
+                             "<s os=\"linux\">\xC3\xBC</s></ApplicationSettings>";
+    for (std::size_t cut = 0; cut < good.size(); ++cut)
+        EXPECT_EQ(read_back(QByteArray::fromStdString(good.substr(0, cut))).front(), '!') << cut;
+    std::mt19937 random(11);
+    for (int round = 0; round < 5000; ++round) {
+        std::string bad = good;
+        for (unsigned flips = 1 + random() % 4; flips > 0; --flips)
+            bad[random() % bad.size()] = static_cast<char>(random());
+        read_back(QByteArray::fromStdString(bad));
+    }
+    const std::string megabytes(5u << 20, 'v');
+    EXPECT_EQ(read_back(QByteArray::fromStdString("<ApplicationSettings><k>" + megabytes +
+                                                  "</k></ApplicationSettings>")),
+              "k =" + megabytes + "\n");
+}
+
+TEST(PreferenceKeys, AreOrderedAsTheSettingsSystemOrdersThem)
+{
+    const char *keys[] = {"a", "a/b", "a-b", "a:os=linux", "a0", "é", "\uE000x", "\U00010400", "\uFFFD"};
+    for (const char *a : keys) {
+        for (const char *b : keys)
+            EXPECT_EQ(KeyOrder()(a, b), QString(a) < QString(b)) << a << " " << b;
+    }
+}
+
+struct KeyCase {
+    const char *why;
+    std::string key;
+    bool valid;
+};
+
+TEST(PreferenceKeys, AreValidated)
+{
+    const KeyCase cases[] = {
+        {"plain", "display/colors/background", true},
+        {"letters of any script", "größe/名前", true},
+        {"dots and hyphens inside", "a.b-c/_d", true},
+        {"empty", "", false},
+        {"empty component", "a//b", false},
+        {"leading separator", "/a", false},
+        {"trailing separator", "a/", false},
+        {"digit first", "a/1b", false},
+        {"blank", "a b", false},
+        {"a colon would be cut off", "x:y", false},
+        {"a suffix is given by the platform attribute only", "x:os=linux", false},
+        {"not UTF-8", "a\xff", false},
+        {"a byte of zero", std::string("a\0b", 3), false},
+    };
+    for (const KeyCase &c : cases) {
+        SCOPED_TRACE(c.why);
+        scene::Messages messages;
+        EXPECT_EQ(validate_key(c.key), c.valid ? QZPREF_SUCCESS_ : QZPREF_INVALID_KEY);
+        EXPECT_EQ(messages.text().empty(), c.valid);
+    }
+    scene::Messages messages;
+    validate_key("good/1abc/x");
+    EXPECT_EQ(messages.text().find("WARNING validate_key: Invalid character in the qzpref key "
+                                   "'1abc'. "),
+              0u);
+}
+
+// The index by preference must agree with the plain list of keys after any sequence of changes.
+TEST(PreferenceDocument, IndexFollowsEveryChange)
+{
+    const std::string keys[] = {"a", "a:os=linux", "a:os=windows", "a:os=odd", "a/b", "a/b:os=darwin"};
+    Document document;
+    std::mt19937 random(3);
+    for (int round = 0; round < 5000; ++round) {
+        const std::string &key = keys[random() % std::size(keys)];
+        if (random() % 2) {
+            KeyRecord record;
+            record.set_value(std::to_string(round));
+            document.set(key, std::move(record));
+        } else {
+            document.remove(key);
+        }
+        for (const char *base : {"a", "a/b"}) {
+            const Variants variants = document.variants(base);
+            ASSERT_EQ(variants.plain(), document.find(base));
+            for (int p = 0; p < 4; ++p) {
+                const auto platform = static_cast<QZPREF_PLATFORM>(p);
+                ASSERT_EQ(variants.own(platform), document.find(suffixed_key(base, platform)));
+            }
+        }
+    }
+}
+
+} // namespace
