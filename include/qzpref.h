@@ -100,6 +100,23 @@ QZ_API int qzpref_set_double(size_t h, const char *key, double value);
 QZ_API int qzpref_set_string(size_t h, const char *key, const char *value);
 QZ_API int qzpref_sync(size_t h);
 
+/**
+ * Tells why a key has the value it has, as a JSON object: key, platform, layers (user, machine and
+ * installation with file, exists, status, and the platform and plain form of the key), winner,
+ * reason, type, and what each kind of getter gives. Changes nothing and takes no lock.
+ *
+ * @param product    One of the products.
+ * @param key        Full key in UTF-8, without a platform suffix.
+ * @param[out] json  The text in UTF-8, released by the caller with free(); NULL unless 0 or 4 is
+ *                   returned.
+ *
+ * @return QZPREF_SUCCESS_, QZPREF_KEY_NOT_FOUND when no layer has the key (the JSON still says
+ * where was looked), QZPREF_UNKNOWN_PRODUCT, or QZPREF_FAILURE.
+ *
+ * Safe from any thread.
+ */
+QZ_API int qzpref_explain(QZPREF_PRODUCTS product, const char *key, char **json);
+
 #ifdef __cplusplus
 }
 #endif
