@@ -1,4 +1,5 @@
 #include "common/base64/codec.h"
+#include "common/plain_base64.h"
 #include "qzbase64.hpp"
 
 #include <gtest/gtest.h>
@@ -11,25 +12,9 @@
 
 namespace {
 
-const std::string kAlphabet = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-constexpr char kGuard = '\x5A';
+using qz::test::plain_encode;
 
-/// Bit by bit: slow, and nothing like the code under test.
-std::string plain_encode(const std::string &data)
-{
-    std::string out;
-    for (std::size_t bit = 0; bit < data.size() * 8; bit += 6) {
-        unsigned value = 0;
-        for (std::size_t i = bit; i < bit + 6; ++i) {
-            const unsigned byte = i / 8 < data.size() ? static_cast<unsigned char>(data[i / 8]) : 0;
-            value = value * 2 + (byte >> (7 - i % 8) & 1);
-        }
-        out += kAlphabet[value];
-    }
-    while (out.size() % 4 != 0)
-        out += '=';
-    return out;
-}
+constexpr char kGuard = '\x5A';
 
 std::string random_bytes(std::size_t len)
 {
@@ -194,7 +179,7 @@ TEST(Base64, TheFastPathLeavesWhatTheTablesLeave)
             if (position < good.size())
                 text[position] = static_cast<char>(byte);
             const std::size_t expected_groups =
-                std::min(text.find_first_not_of(kAlphabet), good.size()) / 4;
+                std::min(text.find_first_not_of(qz::test::kBase64Alphabet), good.size()) / 4;
 
             Guarded fast(0, 3 * expected_groups + 1);
             Guarded plain(0, 3 * expected_groups + 1);

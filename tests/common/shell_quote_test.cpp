@@ -1,3 +1,4 @@
+#include "common/plain_quote.h"
 #include "qzcommon.h"
 
 #include <gtest/gtest.h>
@@ -9,15 +10,7 @@
 
 namespace {
 
-/// The numbered rules of quoting, with memory as needed: what the call must make of @p text.
-std::string plain_quote(const std::string &text)
-{
-    std::string working;
-    for (char c : text)
-        working += c == '"' ? "\\\"" : std::string(1, c);
-    const std::string doubled = working[0] == '\\' ? "\\" : "";
-    return working[0] + doubled + '"' + working.substr(1) + '"';
-}
+using qz::test::plain_quote;
 
 /// Quotes a copy in memory that ends with the result's NUL, so that a sanitizer sees a byte more.
 int quote(std::string &text, int size)
