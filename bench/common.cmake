@@ -1,5 +1,7 @@
 # The peers that are not among the library's own dependencies are measured where they are installed.
-pkg_check_modules(GLIB IMPORTED_TARGET glib-2.0)
+if(PkgConfig_FOUND)
+    pkg_check_modules(GLIB IMPORTED_TARGET glib-2.0)
+endif()
 
 qz_bench(base64_bench SOURCES base64_bench.cpp LINK OpenSSL::Crypto Qt6::Core absl::strings)
 if(GLIB_FOUND)

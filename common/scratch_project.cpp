@@ -37,7 +37,6 @@ std::string qzcommon_get_scratch_project_path()
 std::string qzcommon_get_scratch_project_regular_expression()
 {
     // The month is "[A-za-z]" in every release: programs compare the pattern itself.
-    return "Tmp_([0-2][0-9]|3[01])[A-za-z]{1,4}([1-9][0-9]{3})_([01][0-9]|2[0-3])([0-5][0-9])_([0-"
-           "5]"
-           "[0-9][0-9]{3})";
+    return "Tmp_([0-2][0-9]|3[01])[A-za-z]{1,4}([1-9][0-9]{3})"
+           "_([01][0-9]|2[0-3])([0-5][0-9])_([0-5][0-9][0-9]{3})";
 }

@@ -123,9 +123,9 @@ QZ_SSSE3 __m128i encode_16(__m128i in)
                                         _mm_set1_epi32(0x01000010));
     const __m128i values = _mm_or_si128(even, odd);
 
-    const __m128i past_z = _mm_subs_epu8(values, _mm_set1_epi8(51));
+    const __m128i past_small_z = _mm_subs_epu8(values, _mm_set1_epi8(51));
     const __m128i is_capital = _mm_cmpgt_epi8(_mm_set1_epi8(26), values);
-    const __m128i run = _mm_or_si128(past_z, _mm_and_si128(is_capital, _mm_set1_epi8(13)));
+    const __m128i run = _mm_or_si128(past_small_z, _mm_and_si128(is_capital, _mm_set1_epi8(13)));
     return _mm_add_epi8(values, _mm_shuffle_epi8(load(kStepsToCharacter.data()), run));
 }
 
@@ -189,6 +189,7 @@ QZ_SSSE3 std::size_t decode_ssse3(char *dest, const char *src, std::size_t group
             break;
         store_12(dest + 3 * done, bytes);
     }
+    // The tables write a fourth byte of 0 with every group.
     if (done != 0)
         dest[3 * done] = 0;
     return done;
