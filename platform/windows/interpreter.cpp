@@ -1,10 +1,12 @@
 #include "platform/interpreter.h"
 
+// clang-format off
 #define PSAPI_VERSION 2
-#include <algorithm>
-
-#include <psapi.h>
 #include <windows.h>
+#include <psapi.h> // needs the types of the one above
+// clang-format on
+
+#include <algorithm>
 
 namespace qz::platform {
 
