@@ -1,18 +1,44 @@
 #define PY_SSIZE_T_CLEAN
 #include "platform/interpreter.h"
 
+#include <string>
+#include <vector>
+
 #include <Python.h>
 #include <dlfcn.h>
+#include <link.h>
 
 namespace qz::platform {
 
 namespace {
 
+/// The function of that name in the process, wherever a host loaded it. One that keeps its
+/// interpreter to itself, in a plug-in, has it outside the global scope.
+void *process_symbol(const char *name)
+{
+    if (void *symbol = dlsym(RTLD_DEFAULT, name))
+        return symbol;
+    std::vector<std::string> modules;
+    const auto note_module = [](dl_phdr_info *module, std::size_t, void *names) {
+        static_cast<std::vector<std::string> *>(names)->emplace_back(module->dlpi_name);
+        return 0;
+    };
+    dl_iterate_phdr(note_module, &modules);
+    void *symbol = nullptr;
+    for (std::size_t i = 0; symbol == nullptr && i < modules.size(); ++i) {
+        if (void *module = dlopen(modules[i].c_str(), RTLD_LAZY | RTLD_NOLOAD)) {
+            symbol = dlsym(module, name);
+            dlclose(module);
+        }
+    }
+    return symbol;
+}
+
 /// The interpreter's function of that name, typed by the interpreter's own header; null when no
 /// interpreter is in the process.
 template <typename Function> Function *interpreter_function(const char *name)
 {
-    return reinterpret_cast<Function *>(dlsym(RTLD_DEFAULT, name));
+    return reinterpret_cast<Function *>(process_symbol(name));
 }
 
 } // namespace
