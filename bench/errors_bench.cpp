@@ -69,6 +69,13 @@ void filtered_bare_comparison(benchmark::State &state)
         benchmark::DoNotOptimize(compare_level(&threshold, QZERR_INFO));
 }
 
+/// What a caller pays to get into the library and out again.
+void filtered_empty_call(benchmark::State &state)
+{
+    for (auto _ : state)
+        halcyra::print_backtrace();
+}
+
 void filtered_on_library_handler(benchmark::State &state)
 {
     for (auto _ : state)
@@ -99,6 +106,7 @@ void capture(benchmark::State &state)
 BENCHMARK(fprintf_to_stream);
 BENCHMARK(throw_to_stream);
 BENCHMARK(filtered_bare_comparison);
+BENCHMARK(filtered_empty_call);
 BENCHMARK(filtered_on_library_handler);
 BENCHMARK(filtered_on_own_handler);
 BENCHMARK(capture)->RangeMultiplier(10)->Range(100, 100000);
