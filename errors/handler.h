@@ -4,6 +4,7 @@
 #include "errors/captured_text.h"
 #include "qzerr.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 
@@ -29,6 +30,21 @@ struct QzerrHandler {
     char *prefix = nullptr;           ///< owned, from malloc
     DestinationKind kind = DestinationKind::kNone;
     bool printing_suppressed = false;
+    /// Messages below are neither shown nor raise the maximum; 0 in a free slot. One number, so
+    /// that the filter compares once; the functions below keep it.
+    std::uint32_t idle_below = QZERR_OK + 1;
+
+    void set_level(std::uint32_t lowest_shown)
+    {
+        level = lowest_shown;
+        idle_below = std::min(level, max_level + 1);
+    }
+
+    void set_max_level(std::uint32_t highest_thrown)
+    {
+        max_level = highest_thrown;
+        idle_below = std::min(level, max_level + 1);
+    }
 };
 
 } // namespace qz::errors

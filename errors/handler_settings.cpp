@@ -40,7 +40,7 @@ template <typename Value, typename Query> int store(int id, Value *value, Query 
 
 int qzerr_level(int id, unsigned level)
 {
-    return change(id, [=](QzerrHandler &handler) { handler.level = level; });
+    return change(id, [=](QzerrHandler &handler) { handler.set_level(level); });
 }
 
 int qzerr_get_level(int id, unsigned *level)
@@ -56,7 +56,7 @@ int qzerr_maxlevel(int id, unsigned *level)
 int qzerr_errclear(int id)
 {
     return change(id, [](QzerrHandler &handler) {
-        handler.max_level = QZERR_OK;
+        handler.set_max_level(QZERR_OK);
         release(handler.captured);
     });
 }

@@ -8,7 +8,7 @@
 
 namespace qz::errors {
 
-ReadyHandlers ready_handlers;
+FilterTable filter_table;
 
 namespace {
 
@@ -21,7 +21,7 @@ template <int id> QzerrHandler &default_record()
         made.kind = DestinationKind::kStream;
         return made;
     }();
-    ready_handlers.defaults[id - kLibraryHandler].store(&handler, std::memory_order_release);
+    filter_table.defaults[id - kLibraryHandler].store(&handler, std::memory_order_release);
     return handler;
 }
 
@@ -68,8 +68,8 @@ int qzerr_new(int *id)
         *slot = QzerrHandler();
     else
         slot = slots.insert(slots.end(), QzerrHandler());
-    ready_handlers.slots = slots.data();
-    ready_handlers.slot_count = slots.size();
+    filter_table.slots = slots.data();
+    filter_table.slot_count = slots.size();
     *id = static_cast<int>(slot - slots.begin()) + 1;
     return 1;
 }
@@ -87,4 +87,5 @@ void qzerr_delete(int id)
     std::free(handler->prefix);
     handler->prefix = nullptr;
     handler->in_use = false;
+    handler->idle_below = 0;
 }

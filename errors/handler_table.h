@@ -19,27 +19,27 @@ QzerrHandler *find_handler(int id);
 
 QzerrHandler &default_handler();
 
-/// The handlers that are set up already, for the filter in front of qzerr_throw.
-struct ReadyHandlers {
+/// Where the filter in front of qzerr_throw finds a handler without a call, a lock or a guard.
+struct FilterTable {
     std::atomic<const QzerrHandler *> defaults[2]; ///< -1, then 0; null until their first use
     const QzerrHandler *slots;                     ///< those of qzerr_new; 1 is the first
     std::size_t slot_count;
 };
 
-extern ReadyHandlers ready_handlers;
+extern FilterTable filter_table;
 
-/// The handler that find_handler() gives, or null when it has not been used yet. Inline and without
-/// a call: a message below its handler's level costs hardly more than this.
-inline const QzerrHandler *find_ready_handler(int id)
+/// The level below which a message on that handler changes nothing; 0 when there is no such handler
+/// or it has not been used yet. The library's own handler is the one that must be fast.
+inline std::uint32_t idle_below(int id)
 {
     const unsigned from_library_handler = static_cast<unsigned>(id) + 1;
-    if (__builtin_expect(from_library_handler <= 1, 1))
-        return ready_handlers.defaults[from_library_handler].load(std::memory_order_acquire);
+    if (__builtin_expect(from_library_handler <= 1, 1)) {
+        const auto *handler =
+            filter_table.defaults[from_library_handler].load(std::memory_order_acquire);
+        return __builtin_expect(handler != nullptr, 1) ? handler->idle_below : 0;
+    }
     const std::size_t index = from_library_handler - 2; // of a negative id beyond any count
-    if (index >= ready_handlers.slot_count)
-        return nullptr;
-    const QzerrHandler &handler = ready_handlers.slots[index];
-    return handler.in_use ? &handler : nullptr;
+    return index < filter_table.slot_count ? filter_table.slots[index].idle_below : 0;
 }
 
 /// Sends the output of a handler to a Fortran unit, or nowhere when @p unit is negative.

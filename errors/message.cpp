@@ -70,14 +70,6 @@ bool print(int id, const QzerrHandler &handler, const char *message)
     return window == nullptr || window(message) != -1;
 }
 
-/// Whether a message is below its handler's level and leaves nothing to note either.
-bool is_idle(int id, unsigned level)
-{
-    const QzerrHandler *handler = find_ready_handler(id);
-    return __builtin_expect(
-        handler != nullptr && level < handler->level && level <= handler->max_level, 1);
-}
-
 /// Reports a message. It stands apart from the filter in front of it, so that most messages neither
 /// touch the stack of the big buffer nor save registers for the formatter.
 [[gnu::noinline]] int report(int id, unsigned level, const char *format, va_list arguments)
@@ -86,7 +78,7 @@ bool is_idle(int id, unsigned level)
     if (handler == nullptr)
         return 0;
     if (level < kLevelUndefined && level > handler->max_level)
-        handler->max_level = level;
+        handler->set_max_level(level);
     if (level < handler->level)
         return 1;
 
@@ -124,12 +116,14 @@ using namespace qz::errors;
 
 int qzerr_vthrow(int id, unsigned level, const char *format, va_list arguments)
 {
-    return is_idle(id, level) ? 1 : report(id, level, format, arguments);
+    if (level < idle_below(id))
+        return 1;
+    return report(id, level, format, arguments);
 }
 
 int qzerr_throw(int id, unsigned level, const char *format, ...)
 {
-    if (is_idle(id, level))
+    if (level < idle_below(id))
         return 1;
     va_list arguments;
     va_start(arguments, format);
