@@ -17,12 +17,16 @@ enum class ShellFolder : int {
     Profile = 0x8028,
 };
 
+/// What becomes of a folder that is not there.
+enum class MissingFolder { Make, Leave };
+
 /// The folder as the system spells it, without a trailing separator; nothing when the system has
 /// no answer or cannot make the folder.
 ///
 /// POSIX: by the desktop's own rules; a missing application-data or profile folder is made, the
 /// other three are left to the desktop.
-std::optional<std::string> shell_folder(ShellFolder folder);
+std::optional<std::string> shell_folder(ShellFolder folder,
+                                        MissingFolder missing = MissingFolder::Make);
 
 } // namespace qz::platform
 

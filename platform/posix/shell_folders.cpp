@@ -34,11 +34,13 @@ DesktopRule desktop_rule(ShellFolder folder)
 
 } // namespace
 
-std::optional<std::string> shell_folder(ShellFolder folder)
+std::optional<std::string> shell_folder(ShellFolder folder, MissingFolder missing)
 {
     const DesktopRule rule = desktop_rule(folder);
     const QString path = QStandardPaths::writableLocation(rule.location);
-    if (path.isEmpty() || (rule.is_made && !QDir().mkpath(path)))
+    if (path.isEmpty())
+        return std::nullopt;
+    if (missing == MissingFolder::Make && rule.is_made && !QDir().mkpath(path))
         return std::nullopt;
     return QFile::encodeName(path).toStdString();
 }

@@ -1,5 +1,8 @@
+#include "qzfile/qzpref/locations.h"
+
 #include "platform/native_path.h"
 #include "qzfile.hpp"
+#include "qzfile/qzfile/qzfile/user_directories.h"
 #include "qzfile/qzpref/products.h"
 #include "qzpref.hpp"
 
@@ -23,39 +26,72 @@ QString native(const QString &path)
     return spelled.empty() ? path : QFile::decodeName(QByteArray::fromStdString(spelled));
 }
 
+/// Directory of the user's files of @p release, below @p base for all but the oldest.
+template <typename Base> QString release_directory(const std::string &release, Base base)
+{
+    QString path;
+    if (compare_releases(release, kLastReleaseInHome) >= 1) {
+        path = base();
+    } else {
+        path = qEnvironmentVariableIsSet(kSandboxVariable) ? qEnvironmentVariable(kSandboxVariable)
+                                                           : QDir::homePath();
+        path = native(path + QStringLiteral("/Halcyra"));
+    }
+    const boost::filesystem::path joined =
+        boost::filesystem::path(QFile::encodeName(path).toStdString()) / release;
+    return QFile::decodeName(QByteArray::fromStdString(joined.string()));
+}
+
+QString file_in(const QString &directory, QZPREF_PRODUCTS product, const std::string &release)
+{
+    return directory + QDir::separator() +
+           QString::fromStdString(qz::pref::file_name_of(product, release)) +
+           QStringLiteral(".xml");
+}
+
+/// The sandbox that takes the place of the user's own directories; empty without one.
+QString sandbox_path()
+{
+    if (!qEnvironmentVariableIsSet(kSandboxVariable))
+        return {};
+    return native(qEnvironmentVariable(kSandboxVariable) + QStringLiteral("/Halcyra"));
+}
+
 } // namespace
 
 QString qzpref_config_path()
 {
-    if (qEnvironmentVariableIsSet(kSandboxVariable))
-        return native(qEnvironmentVariable(kSandboxVariable) + QStringLiteral("/Halcyra"));
+    const QString sandbox = sandbox_path();
+    if (!sandbox.isEmpty())
+        return sandbox;
     return native(QFile::decodeName(
         QByteArray::fromStdString(qzfile_get_directory_path(DirectoryName::LocalAppData))));
+}
+
+QString qz::pref::user_file_untouched(QZPREF_PRODUCTS product, const std::string &release)
+{
+    const QString directory = release_directory(release, [] {
+        const QString sandbox = sandbox_path();
+        if (!sandbox.isEmpty())
+            return sandbox;
+        const std::optional<std::string> local =
+            qz::file::local_appdata_directory(qz::platform::MissingFolder::Leave);
+        return native(QFile::decodeName(QByteArray::fromStdString(local.value_or(std::string()))));
+    });
+    return file_in(directory, product, release);
 }
 
 namespace halcyra::preferences::internal {
 
 std::string get_qzpref_directory(const std::string &release)
 {
-    QString base;
-    if (compare_releases(release, kLastReleaseInHome) < 1) {
-        base = qEnvironmentVariableIsSet(kSandboxVariable) ? qEnvironmentVariable(kSandboxVariable)
-                                                           : QDir::homePath();
-        base = native(base + QStringLiteral("/Halcyra"));
-    } else {
-        base = qzpref_config_path();
-    }
-    return (boost::filesystem::path(QFile::encodeName(base).toStdString()) / release).string();
+    return QFile::encodeName(release_directory(release, qzpref_config_path)).toStdString();
 }
 
 QString get_qzpref_file(QZPREF_PRODUCTS product, const QString &release)
 {
     const std::string release_name = release.toStdString();
-    const QString directory =
-        QFile::decodeName(QByteArray::fromStdString(get_qzpref_directory(release_name)));
-    return directory + QDir::separator() +
-           QString::fromStdString(qz::pref::file_name_of(product, release_name)) +
-           QStringLiteral(".xml");
+    return file_in(release_directory(release_name, qzpref_config_path), product, release_name);
 }
 
 QString get_machine_preferences_path()

@@ -1,6 +1,9 @@
 #include "qzfile/qzpref/products.h"
 
 #include "qzfile.hpp"
+#include "qzfile/qzpref/fallback_layers.h"
+
+#include <QString>
 
 #include <stdexcept>
 #include <unordered_map>
@@ -47,6 +50,17 @@ const std::string &file_name_of(QZPREF_PRODUCTS product, const std::string &rele
     if (found == kNames.end())
         throw std::out_of_range("invalid unordered_map<K, T> key");
     return found->second;
+}
+
+QZPREF_PRODUCTS product_from_text(std::string_view text)
+{
+    const QString wanted = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    for (const auto &[number, name] : kNames) {
+        if (wanted.compare(QString::fromStdString(name), Qt::CaseInsensitive) == 0 ||
+            wanted == QString::number(number))
+            return static_cast<QZPREF_PRODUCTS>(number);
+    }
+    throw std::runtime_error(error_text(QZPREF_UNKNOWN_PRODUCT));
 }
 
 } // namespace qz::pref

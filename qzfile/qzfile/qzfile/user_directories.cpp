@@ -11,6 +11,7 @@
 #include <string>
 
 using namespace qz::file;
+using qz::platform::MissingFolder;
 using qz::platform::shell_folder;
 using qz::platform::ShellFolder;
 
@@ -27,7 +28,19 @@ int hand_out_shell_folder(ShellFolder folder, const char *message, char **out)
     });
 }
 
+constexpr const char *kAppDataOverride = "HALCYRA_APPDATA_OVERRIDE";
+
 /// The maker's directory in a shell folder, or what @p override_variable holds in its place.
+std::optional<std::string> maker_directory(ShellFolder folder, const char *override_variable,
+                                           MissingFolder missing)
+{
+    const std::optional<std::string> path = shell_folder(folder, missing);
+    if (!path)
+        return std::nullopt;
+    const char *replacement = override_variable ? std::getenv(override_variable) : nullptr;
+    return replacement ? replacement : *path + "\\Halcyra";
+}
+
 int hand_out_maker_directory(ShellFolder folder, const char *override_variable, const char *message,
                              char **out)
 {
@@ -35,11 +48,9 @@ int hand_out_maker_directory(ShellFolder folder, const char *override_variable, 
         return -1;
     *out = nullptr;
     return guarded(-1, [&] {
-        const std::optional<std::string> path = shell_folder(folder);
-        if (!path)
-            return fail("%s", message);
-        const char *replacement = override_variable ? std::getenv(override_variable) : nullptr;
-        return hand_out_made(replacement ? replacement : *path + "\\Halcyra", out);
+        const std::optional<std::string> directory =
+            maker_directory(folder, override_variable, MissingFolder::Make);
+        return directory ? hand_out_made(*directory, out) : fail("%s", message);
     });
 }
 
@@ -51,9 +62,14 @@ int qz::file::hand_out_made(const std::string &directory, char **out)
     return status == 0 ? hand_out(directory, out) : status;
 }
 
+std::optional<std::string> qz::file::local_appdata_directory(MissingFolder missing)
+{
+    return maker_directory(ShellFolder::LocalAppData, kAppDataOverride, missing);
+}
+
 int qzfile_halcyra_appdata_dir(char **out)
 {
-    return hand_out_maker_directory(ShellFolder::RoamingAppData, "HALCYRA_APPDATA_OVERRIDE",
+    return hand_out_maker_directory(ShellFolder::RoamingAppData, kAppDataOverride,
                                     "qzfile_halcyra_appdata_dir: Unable to get appdata directory\n",
                                     out);
 }
@@ -61,7 +77,7 @@ int qzfile_halcyra_appdata_dir(char **out)
 int qzfile_halcyra_local_appdata_dir(char **out)
 {
     return hand_out_maker_directory(
-        ShellFolder::LocalAppData, "HALCYRA_APPDATA_OVERRIDE",
+        ShellFolder::LocalAppData, kAppDataOverride,
         "qzfile_halcyra_local_appdata_dir: Unable to get local appdata directory\n", out);
 }
 
