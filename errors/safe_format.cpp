@@ -49,9 +49,7 @@ std::uint64_t magnitude(std::int64_t value)
 
 char *safe_format(char *out, const char *text)
 {
-    const std::size_t length = std::strlen(text);
-    std::memcpy(out, text, length);
-    return out + length;
+    return std::copy_n(text, std::strlen(text), out);
 }
 
 char *safe_format(char *out, std::int64_t value, int width)

@@ -233,7 +233,7 @@ QZ_API int qzerr_vthrow(int id, unsigned level, const char *format, va_list argu
  * only when the environment variable HALCYRA_DEPRECATION_WARNING was set, even to nothing, at the
  * first call in the process, and not while handler 0 has no stream.
  *
- * @param file      Where it is used. Its address names the place, so pass __FILE__; the text is read
+ * @param file      Where it is used: __FILE__, since its address names the place. Its text is read
  *                  only during the call.
  * @param line      The line there.
  * @param function  What is deprecated.
