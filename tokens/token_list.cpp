@@ -60,6 +60,12 @@ void TokenList::append_owned(std::unique_ptr<char[]> text)
     ++separate_count_;
 }
 
+Number TokenList::read_number(int index)
+{
+    number_index_ = index;
+    return number_ = parse_number(token(index));
+}
+
 void TokenList::replace(int index, std::string_view text)
 {
     char *&slot = tokens_[static_cast<std::size_t>(index)];
@@ -67,12 +73,14 @@ void TokenList::replace(int index, std::string_view text)
     release(slot);
     slot = copy.release();
     ++separate_count_;
+    number_index_ = kNoIndex;
 }
 
 void TokenList::remove(int index)
 {
-    release(token(index));
+    release(tokens_[static_cast<std::size_t>(index)]);
     tokens_.erase(tokens_.begin() + index);
+    number_index_ = kNoIndex;
 }
 
 void TokenList::clear() noexcept
@@ -82,6 +90,7 @@ void TokenList::clear() noexcept
     tokens_.clear();
     block_.reset();
     block_size_ = 0;
+    number_index_ = kNoIndex;
 }
 
 void TokenList::adopt(SplitResult &&split) noexcept
