@@ -95,6 +95,7 @@ void TokenList::clear() noexcept
 
 void TokenList::adopt(SplitResult &&split) noexcept
 {
+    clear();
     tokens_ = std::move(split.tokens);
     block_ = std::move(split.block);
     block_size_ = split.block_size;

@@ -60,7 +60,7 @@ public:
     void remove(int index);
     /// Releases the tokens; the patterns and the quoted characters stay.
     void clear() noexcept;
-    /// Puts the tokens of a split line into this list, which has none.
+    /// Puts the tokens of a split line in the place of those that are there.
     void adopt(SplitResult &&split) noexcept;
 
     std::string quoted_characters = " ";

@@ -53,13 +53,11 @@ Wildcard::Wildcard(const char *text)
 
 bool Wildcard::matches(const Subject &subject) const
 {
-    if ((characters_ & ~subject.characters) != 0 && subject.text != nullptr)
-        return false;
     if (program_ == nullptr)
         return false;
     if (parts_.empty() || subject.text == nullptr)
         return qz_regexec(program_.get(), subject.text) == 1;
-    return matches_parts(subject.text);
+    return (characters_ & ~subject.characters) == 0 && matches_parts(subject.text);
 }
 
 /// Each part is taken where it first comes behind the part before it: if any place lets the rest
