@@ -25,12 +25,6 @@ bool may_start_real(const char *text)
     }
 }
 
-/// "+-5" counts as a number, but its conversion stops at the second sign.
-Number without_value(Number number)
-{
-    return {number.type, 0, 0.0};
-}
-
 /// Reads a text without a plus.
 template <bool minus> Number parse_signed(const char *text)
 {
@@ -46,18 +40,26 @@ template <bool minus> Number parse_signed(const char *text)
     return {NumberType::Integer, static_cast<int>(minus ? -value : value), minus ? -real : real};
 }
 
+/// Few numbers have a plus. "+-5" counts as one, but its conversion stops at the second sign.
+[[gnu::cold]] Number parse_behind_plus(const char *text)
+{
+    if (*text == '+')
+        return Number();
+    const Number number = parse_number(text);
+    return *text == '-' ? Number{number.type, 0, 0.0} : number;
+}
+
 } // namespace
 
 // A branch for each sign and no arithmetic on the address: the processor goes ahead on a branch,
 // and would wait for the address.
 Number parse_number(const char *text)
 {
+    if (*text == '+')
+        return parse_behind_plus(text + 1);
     if (*text == '-')
         return parse_signed<true>(text);
-    if (*text != '+')
-        return parse_signed<false>(text);
-    return text[1] == '-' ? without_value(parse_signed<true>(text + 1))
-                          : parse_signed<false>(text + 1);
+    return parse_signed<false>(text);
 }
 
 } // namespace qz::tokens

@@ -62,8 +62,10 @@ void TokenList::append_owned(std::unique_ptr<char[]> text)
 
 Number TokenList::read_number(int index)
 {
+    const Number number = parse_number(token(index));
+    number_ = number;
     number_index_ = index;
-    return number_ = parse_number(token(index));
+    return number;
 }
 
 void TokenList::replace(int index, std::string_view text)
