@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <climits>
-#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -63,7 +62,7 @@ TEST(Handles, ANewListRemembersNothingOfTheOneBefore)
     qztoken_add(list, "a");
     char *line = qztoken_get_string(list);
     EXPECT_STREQ(line, "a");
-    std::free(line);
+    free(line);
 }
 
 struct FieldCase {

@@ -6,19 +6,25 @@
 #include <optional>
 
 using qz::file::fail;
+using qz::file::guarded;
 using qz::file::hand_out;
-using qz::file::handing_out;
 
 int qzfile_dir_home(char **out)
 {
-    return handing_out(out, [&] { return hand_out(halcyra::path::home().string(), out); });
+    if (!out)
+        return -1;
+    *out = nullptr;
+    return guarded(-1, [&] { return hand_out(halcyra::path::home().string(), out); });
 }
 
 int qzfile_dir_user_home(const char *user, char **out)
 {
-    return handing_out(out, [&] {
-        if (!user)
-            return fail("qzfile_dir_user_home: null user name given\n");
+    if (!out)
+        return -1;
+    *out = nullptr;
+    if (!user)
+        return fail("qzfile_dir_user_home: null user name given\n");
+    return guarded(-1, [&] {
         const std::optional<std::string> home = qz::platform::qzwin32_getpwnam(user);
         if (!home)
             return fail("qzfile_dir_user_home: Unable to get home directory for user '%s'\n", user);

@@ -4,7 +4,6 @@
 #include "qzfile/qzfile/qzfile/failure.h"
 #include "qzfile/qzfile/qzfile/path_text.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <string>
 #include <string_view>

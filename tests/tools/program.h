@@ -1,0 +1,77 @@
+#ifndef QZ_TESTS_TOOLS_PROGRAM_H
+#define QZ_TESTS_TOOLS_PROGRAM_H
+
+#include <QProcess>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+
+namespace program {
+
+/// What one run of qz left behind.
+struct Answer {
+    int code = -1;
+    std::string out;
+    std::string err;
+};
+
+/// The words of @p line; '...' holds a word with blanks, or an empty one.
+inline QStringList words_of(const std::string &line)
+{
+    QStringList words;
+    for (std::size_t at = 0; (at = line.find_first_not_of(' ', at)) != std::string::npos;) {
+        const bool quoted = line[at] == '\'';
+        at += quoted;
+        const std::size_t end = std::min(line.find(quoted ? '\'' : ' ', at), line.size());
+        words += QString::fromStdString(line.substr(at, end - at));
+        at = end + quoted;
+    }
+    return words;
+}
+
+/// Runs qz with the words of @p line in this process's environment.
+inline Answer run(const std::string &line, const std::string &input = {})
+{
+    QProcess process;
+    process.start(QStringLiteral(QZ_PROGRAM), words_of(line));
+    process.write(input.data(), static_cast<qint64>(input.size()));
+    process.closeWriteChannel();
+    Answer answer;
+    if (process.waitForFinished() && process.exitStatus() == QProcess::NormalExit)
+        answer.code = process.exitCode();
+    answer.out = process.readAllStandardOutput().toStdString();
+    answer.err = process.readAllStandardError().toStdString();
+    return answer;
+}
+
+/// One command line, and all that it must give.
+struct Case {
+    const char *line;
+    int code;
+    const char *out;   ///< the whole of standard output
+    const char *err;   ///< a part of standard error; empty when nothing may be written there
+    const char *input; ///< standard input
+};
+
+inline void expect(const Case &c)
+{
+    SCOPED_TRACE(c.line);
+    const Answer answer = run(c.line, c.input ? c.input : "");
+    EXPECT_EQ(answer.code, c.code) << answer.err;
+    EXPECT_EQ(answer.out, c.out);
+    if (*c.err)
+        EXPECT_NE(answer.err.find(c.err), std::string::npos) << answer.err;
+    else
+        EXPECT_EQ(answer.err, "");
+}
+
+template <std::size_t count> void expect_all(const Case (&cases)[count])
+{
+    for (const Case &c : cases)
+        expect(c);
+}
+
+} // namespace program
+
+#endif

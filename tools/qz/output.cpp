@@ -1,0 +1,152 @@
+#include "qz/output.h"
+
+#include "qz/command.h"
+
+#include <QDir>
+#include <QJsonDocument>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include <unistd.h>
+
+namespace qz::cli {
+
+void print(std::string_view text)
+{
+    std::fwrite(text.data(), 1, text.size(), stdout);
+}
+
+void print_line(std::string_view line)
+{
+    print(line);
+    print("\n");
+}
+
+void print_json(const QJsonObject &object)
+{
+    print(QJsonDocument(object).toJson().toStdString());
+}
+
+void print_json(const QJsonArray &array)
+{
+    print(QJsonDocument(array).toJson().toStdString());
+}
+
+void complain(std::string_view text)
+{
+    std::fprintf(stderr, "qz: %.*s\n", static_cast<int>(text.size()), text.data());
+}
+
+int finish_output(int code)
+{
+    if (std::fflush(stdout) == 0 && !std::ferror(stdout))
+        return code;
+    complain("cannot write the answer: " + std::string(std::strerror(errno)));
+    return kExitOutputLost;
+}
+
+Style Style::of_stdout()
+{
+    const char *const refused = std::getenv("NO_COLOR");
+    const char *const terminal = std::getenv("TERM");
+    Style style;
+    style.colours_ = isatty(STDOUT_FILENO) && !(refused && *refused) && terminal &&
+                     std::strcmp(terminal, "dumb") != 0;
+    return style;
+}
+
+std::string Style::wrap(const char *code, std::string_view text) const
+{
+    if (!colours_ || text.empty())
+        return std::string(text);
+    return "\x1b[" + std::string(code) + 'm' + std::string(text) + "\x1b[0m";
+}
+
+namespace {
+
+// A longer cell makes its own line longer; the other lines keep their columns.
+constexpr std::size_t kWidestColumn = 48;
+
+/// How many columns of a terminal @p text takes: one a character, none for a combining mark.
+std::size_t columns_of(std::string_view text)
+{
+    std::size_t columns = 0;
+    for (const char32_t c : json_text(text).toUcs4())
+        columns += QChar::category(c) != QChar::Mark_NonSpacing;
+    return columns;
+}
+
+} // namespace
+
+Table::Table(const std::vector<std::string> &headings)
+{
+    std::vector<Cell> row;
+    for (const std::string &heading : headings)
+        row.emplace_back(heading, &Style::strong);
+    rows_.push_back(std::move(row));
+}
+
+void Table::print(int indent) const
+{
+    std::vector<std::size_t> widths;
+    for (const std::vector<Cell> &row : rows_) {
+        widths.resize(std::max(widths.size(), row.size()));
+        for (std::size_t i = 0; i < row.size(); ++i) {
+            const std::size_t columns = columns_of(printable(row[i].text));
+            if (columns <= kWidestColumn)
+                widths[i] = std::max(widths[i], columns);
+        }
+    }
+    const Style style = Style::of_stdout();
+    for (const std::vector<Cell> &row : rows_) {
+        std::string line(static_cast<std::size_t>(indent), ' ');
+        for (std::size_t i = 0; i < row.size(); ++i) {
+            const std::string text = printable(row[i].text);
+            const std::size_t columns = columns_of(text);
+            line += row[i].look ? (style.*row[i].look)(text) : text;
+            if (i + 1 < row.size())
+                line.append(2 + (columns < widths[i] ? widths[i] - columns : 0), ' ');
+        }
+        line.erase(line.find_last_not_of(' ') + 1);
+        print_line(line);
+    }
+}
+
+std::string printable(std::string_view text)
+{
+    static const char kHex[] = "0123456789abcdef";
+    std::string shown;
+    shown.reserve(text.size());
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (c == '\n')
+            shown += "\\n";
+        else if (c == '\r')
+            shown += "\\r";
+        else if (c == '\t')
+            shown += "\\t";
+        else if (byte < 0x20 || byte == 0x7F)
+            shown += {'\\', 'x', kHex[byte >> 4], kHex[byte & 15]};
+        else
+            shown += c;
+    }
+    return shown;
+}
+
+QString json_text(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+std::string native(std::string path)
+{
+    const char separator = static_cast<char>(QDir::separator().unicode());
+    std::replace_if(
+        path.begin(), path.end(), [](char c) { return c == '/' || c == '\\'; }, separator);
+    return path;
+}
+
+} // namespace qz::cli
