@@ -19,6 +19,10 @@ set_target_properties(qzfileshared PROPERTIES
     LINKER_LANGUAGE CXX)
 if(WIN32)
     set_target_properties(qzfileshared PROPERTIES PREFIX "" IMPORT_PREFIX "")
+else()
+    set(qz_symbols "${PROJECT_SOURCE_DIR}/cmake/qzfileshared.map")
+    target_link_options(qzfileshared PRIVATE "-Wl,--version-script=${qz_symbols}")
+    set_target_properties(qzfileshared PROPERTIES LINK_DEPENDS "${qz_symbols}")
 endif()
 target_link_libraries(qzfileshared PUBLIC qz_headers ${QZ_LINK_PUBLIC} PRIVATE ${QZ_LINK_PRIVATE})
 

@@ -87,7 +87,8 @@ QZ_API int qzfile_file_get_path(FILE *stream, char *buf, size_t size);
  * @param[out] buf  Receives the line with its newline.
  * @param size      Bytes of @p buf.
  * @param stream    The stream to read.
- * @return what the last fgets returned: @p buf, or null at the end and on an error.
+ * @return what the last fgets returned: @p buf, or null at the end and on an error. What a try had
+ *         read of the line when it was interrupted is the runtime's to keep or to drop.
  */
 QZ_API char *fgets_safe(char *buf, int size, FILE *stream);
 

@@ -15,17 +15,21 @@ namespace {
 constexpr int kIndexIndent = 17;
 constexpr int kFindTypeIndent = 21;
 
-/// The token of an existing list; null after a report.
-char *token_or_report(const char *call, int handle, int index, int indent = kIndexIndent)
+/// The list that has the token, or null.
+TokenList *list_with(int handle, int index)
 {
-    TokenList *list = list_or_report(call, handle);
-    if (list == nullptr)
-        return nullptr;
-    if (!list->holds(index)) {
+    TokenList *list = find_list(handle);
+    return list != nullptr && list->holds(index) ? list : nullptr;
+}
+
+/// Reports which of the two is missing, list or token; returns -1.
+[[gnu::cold, gnu::noinline]] int report_missing(const char *call, int handle, int index,
+                                                int indent = kIndexIndent)
+{
+    const TokenList *list = list_or_report(call, handle);
+    if (list != nullptr)
         report_bad_index(call, index, list->count(), indent);
-        return nullptr;
-    }
-    return list->token(index);
+    return -1;
 }
 
 template <typename Predicate> int index_of_first(const TokenList &list, Predicate matches)
@@ -61,22 +65,28 @@ int qz_number_type(const char *text)
 
 int qztoken_find_type(int handle, int index)
 {
-    const char *token = token_or_report("qztoken_find_type", handle, index, kFindTypeIndent);
-    return token != nullptr ? static_cast<int>(parse_number(token).type) : -1;
+    TokenList *list = list_with(handle, index);
+    if (list == nullptr)
+        return report_missing("qztoken_find_type", handle, index, kFindTypeIndent);
+    return static_cast<int>(list->number(index).type);
 }
 
 const char *qztoken_get_token(int handle, int index)
 {
-    return token_or_report("qztoken_get_token", handle, index);
+    const TokenList *list = list_with(handle, index);
+    if (list != nullptr)
+        return list->token(index);
+    report_missing("qztoken_get_token", handle, index);
+    return nullptr;
 }
 
 int qztoken_get_int(int handle, int index, int *value)
 {
     store(value, 0);
-    const char *token = token_or_report("qztoken_get_int", handle, index);
-    if (token == nullptr)
-        return -1;
-    const Number number = parse_number(token);
+    TokenList *list = list_with(handle, index);
+    if (list == nullptr)
+        return report_missing("qztoken_get_int", handle, index);
+    const Number number = list->number(index);
     if (number.type != NumberType::Integer)
         return -1;
     store(value, number.integer);
@@ -86,10 +96,10 @@ int qztoken_get_int(int handle, int index, int *value)
 int qztoken_get_double(int handle, int index, double *value)
 {
     store(value, 0.0);
-    const char *token = token_or_report("qztoken_get_double", handle, index);
-    if (token == nullptr)
-        return -1;
-    const Number number = parse_number(token);
+    TokenList *list = list_with(handle, index);
+    if (list == nullptr)
+        return report_missing("qztoken_get_double", handle, index);
+    const Number number = list->number(index);
     if (number.type == NumberType::None)
         return -1;
     store(value, number.real);
@@ -116,9 +126,12 @@ int qztoken_indexn(int handle, const char *text, int n)
 
 int qztoken_replace(int handle, int index, const char *text)
 {
-    if (token_or_report("qztoken_replace", handle, index) == nullptr || text == nullptr)
+    TokenList *list = list_with(handle, index);
+    if (list == nullptr)
+        return report_missing("qztoken_replace", handle, index);
+    if (text == nullptr)
         return -1;
-    return with_memory([=] { find_list(handle)->replace(index, text); });
+    return with_memory([=] { list->replace(index, text); });
 }
 
 int qztoken_tolower_token(int handle, int index)
@@ -129,7 +142,7 @@ int qztoken_tolower_token(int handle, int index)
         return report_bad_handle(kCall, handle); // the throw's result
     if (!list->holds(index))
         return report_bad_index(kCall, index, list->count(), kIndexIndent);
-    return static_cast<int>(convert_case<std::tolower>(list->token(index)));
+    return static_cast<int>(list->edit(index, convert_case<std::tolower>));
 }
 
 int qztoken_toupper(int handle)
@@ -138,6 +151,6 @@ int qztoken_toupper(int handle)
     if (list == nullptr)
         return -1;
     for (int i = 0; i < list->count(); ++i)
-        convert_case<std::toupper>(list->token(i));
+        list->edit(i, convert_case<std::toupper>);
     return 0;
 }

@@ -5,6 +5,8 @@
 #include "qztoken.h"
 #include "tokens/splitter.h"
 
+#include <utility>
+
 using namespace qz::tokens;
 
 int qztoken_initialize(void)
@@ -22,10 +24,14 @@ int qztoken_new(int *handle, const char *text, const char *separators, const cha
 {
     if (handle == nullptr)
         return -1;
-    const int status = with_memory([handle] { *handle = token_table().create(); });
+    int made = -1;
+    const int status = with_memory([&] { *handle = made = token_table().create(); });
     if (status != 0 || text == nullptr || *text == '\0')
         return status;
-    find_list(*handle)->adopt(split(text, {separators, pairs, comments, escapes, singles}));
+    // Splitting may report, and whoever listens may use the lists.
+    SplitResult tokens = split(text, {separators, pairs, comments, escapes, singles});
+    if (TokenList *list = find_list(made))
+        list->adopt(std::move(tokens));
     return 0;
 }
 

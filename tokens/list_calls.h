@@ -11,11 +11,6 @@
 
 namespace qz::tokens {
 
-inline TokenList *find_list(int handle)
-{
-    return token_table().find(handle);
-}
-
 /// The list that @p handle names; null after a report.
 inline TokenList *list_or_report(const char *call, int handle)
 {

@@ -3,7 +3,6 @@
 #include "qzerr.h"
 #include "qztoken.h"
 #include "tokens/list_calls.h"
-#include "tokens/wildcard.h"
 
 using namespace qz::tokens;
 
@@ -16,7 +15,7 @@ int qztoken_regex_compile(int handle)
     return with_memory([=] {
         list->patterns.reserve(static_cast<std::size_t>(list->count()));
         for (int i = 0; i < list->count(); ++i)
-            list->patterns.push_back(compile_wildcard(list->token(i)));
+            list->patterns.emplace_back(list->token(i));
     });
 }
 
@@ -28,7 +27,7 @@ int qztoken_regex_index(int handle, const char *text)
                     handle);
         return -1;
     }
-    const std::vector<Program> &patterns = list->patterns;
+    const std::vector<Wildcard> &patterns = list->patterns;
     if (patterns.size() != static_cast<std::size_t>(list->count())) {
         qzerr_throw(kLibraryHandler, QZERR_WARNING,
                     "qztoken_regex_index(): not enough regular expressions\n");
@@ -36,8 +35,9 @@ int qztoken_regex_index(int handle, const char *text)
                     "                      : call qztoken_regex_compile() first\n");
         return -1;
     }
+    const Subject subject(text);
     for (std::size_t i = 0; i < patterns.size(); ++i) {
-        if (patterns[i] != nullptr && qz_regexec(patterns[i].get(), text) == 1)
+        if (patterns[i].matches(subject))
             return static_cast<int>(i);
     }
     return -1;

@@ -60,6 +60,14 @@ void TokenList::append_owned(std::unique_ptr<char[]> text)
     ++separate_count_;
 }
 
+Number TokenList::read_number(int index)
+{
+    const Number number = parse_number(token(index));
+    number_ = number;
+    number_index_ = index;
+    return number;
+}
+
 void TokenList::replace(int index, std::string_view text)
 {
     char *&slot = tokens_[static_cast<std::size_t>(index)];
@@ -67,12 +75,14 @@ void TokenList::replace(int index, std::string_view text)
     release(slot);
     slot = copy.release();
     ++separate_count_;
+    number_index_ = kNoIndex;
 }
 
 void TokenList::remove(int index)
 {
-    release(token(index));
+    release(tokens_[static_cast<std::size_t>(index)]);
     tokens_.erase(tokens_.begin() + index);
+    number_index_ = kNoIndex;
 }
 
 void TokenList::clear() noexcept
@@ -82,10 +92,12 @@ void TokenList::clear() noexcept
     tokens_.clear();
     block_.reset();
     block_size_ = 0;
+    number_index_ = kNoIndex;
 }
 
 void TokenList::adopt(SplitResult &&split) noexcept
 {
+    clear();
     tokens_ = std::move(split.tokens);
     block_ = std::move(split.block);
     block_size_ = split.block_size;

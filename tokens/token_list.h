@@ -5,23 +5,16 @@
 #ifndef QZFILESHARED_TOKENS_TOKEN_LIST_H
 #define QZFILESHARED_TOKENS_TOKEN_LIST_H
 
-#include "qzregex.h"
+#include "tokens/number.h"
+#include "tokens/wildcard.h"
 
 #include <cstddef>
-#include <cstdlib>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace qz::tokens {
-
-/// A program of the regular-expression engine; null when the pattern did not compile.
-struct FreeProgram {
-    void operator()(qz_regexp *program) const { std::free(program); }
-};
-
-using Program = std::unique_ptr<qz_regexp, FreeProgram>;
 
 /// What the splitter hands over: tokens that lie behind each other in one block of memory, each
 /// with its terminator.
@@ -37,8 +30,8 @@ struct SplitResult {
 class TokenList {
 public:
     TokenList() = default;
-    TokenList(TokenList &&other) noexcept = default;
-    TokenList &operator=(TokenList &&other) = delete;
+    TokenList(const TokenList &) = delete;
+    TokenList &operator=(const TokenList &) = delete;
 
     ~TokenList() { clear(); }
 
@@ -46,9 +39,17 @@ public:
 
     bool holds(int index) const { return index >= 0 && index < count(); }
 
-    char *token(int index) { return tokens_[static_cast<std::size_t>(index)]; }
-
     const char *token(int index) const { return tokens_[static_cast<std::size_t>(index)]; }
+
+    /// The token as a number. The last one is kept: callers ask for its type, then for its value.
+    Number number(int index) { return index == number_index_ ? number_ : read_number(index); }
+
+    /// Calls @p change with the text of the token, to change it in place.
+    template <typename Change> auto edit(int index, Change change)
+    {
+        number_index_ = kNoIndex;
+        return change(tokens_[static_cast<std::size_t>(index)]);
+    }
 
     /// The calls that take or make texts throw std::bad_alloc and then leave the list as it was.
     /// @p text may be a token of this list.
@@ -59,13 +60,16 @@ public:
     void remove(int index);
     /// Releases the tokens; the patterns and the quoted characters stay.
     void clear() noexcept;
-    /// Puts the tokens of a split line into this list, which has none.
+    /// Puts the tokens of a split line in the place of those that are there.
     void adopt(SplitResult &&split) noexcept;
 
     std::string quoted_characters = " ";
-    std::vector<Program> patterns;
+    std::vector<Wildcard> patterns;
 
 private:
+    static constexpr int kNoIndex = -1;
+
+    Number read_number(int index);
     void append_owned(std::unique_ptr<char[]> text);
     void release(char *token) noexcept;
     bool in_block(const char *token) const;
@@ -74,6 +78,8 @@ private:
     std::unique_ptr<char[]> block_;
     std::size_t block_size_ = 0;
     std::size_t separate_count_ = 0; ///< tokens with storage of their own
+    int number_index_ = kNoIndex;    ///< the token that number_ was read from
+    Number number_;
 };
 
 } // namespace qz::tokens

@@ -6,8 +6,9 @@
 
 #include "tokens/token_list.h"
 
+#include <atomic>
 #include <cstddef>
-#include <optional>
+#include <memory>
 #include <vector>
 
 namespace qz::tokens {
@@ -23,17 +24,28 @@ public:
     TokenList *find(int handle)
     {
         const auto index = static_cast<std::size_t>(handle); // a negative one is past the end
-        return index < records_.size() && records_[index] ? &*records_[index] : nullptr;
+        return index < records_.size() ? records_[index].get() : nullptr;
     }
 
 private:
-    std::vector<std::optional<TokenList>> records_;
+    std::vector<std::unique_ptr<TokenList>> records_; ///< null where a handle is free
     /// A max-heap, so that taking the highest free handle does not depend on the number of lists.
     std::vector<int> free_handles_;
 };
 
-/// The table of the process. It is never destroyed: lists may be used until the last moment.
+/// The table of the process, made on first use. It is never destroyed: lists may be used until the
+/// last moment.
 TokenTable &token_table();
+
+/// The same table; null before its first use.
+extern std::atomic<TokenTable *> existing_table;
+
+/// The list that @p handle names, or null.
+inline TokenList *find_list(int handle)
+{
+    TokenTable *table = existing_table.load(std::memory_order_acquire);
+    return table != nullptr ? table->find(handle) : nullptr;
+}
 
 } // namespace qz::tokens
 

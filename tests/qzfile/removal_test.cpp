@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <string>
 
 using scene::Messages;
@@ -57,4 +58,39 @@ TEST_F(Removal, RefusesInSilence)
     EXPECT_TRUE(is_there("file"));
     EXPECT_EQ(qzfile_rm_recursive(nullptr), -1);
     EXPECT_EQ(messages.text(), "FATAL qzfile_rm_recursive: Null path.\n");
+}
+
+TEST_F(Removal, SaysWhichFileStays)
+{
+    constexpr char kKernelsOwn[] = "/proc/self/status";
+    if (!fs::exists(kKernelsOwn))
+        GTEST_SKIP() << "no file here that even the administrator cannot remove";
+    Messages messages;
+    errno = 0;
+    EXPECT_EQ(qzfile_rm_recursive(kKernelsOwn), -1);
+    EXPECT_EQ(errno, EPERM);
+    EXPECT_EQ(messages.text(), "WARNING qzfile_rm_recursive: unlink failed: \\proc\\self\\status");
+    EXPECT_EQ(qzfile_rm_recursive("/proc/self/fdinfo"), -1) << "nor a directory, without a word";
+}
+
+TEST_F(Removal, WithoutTheRight)
+{
+    touch("closed/file");
+    fs::permissions(root_ / "closed", fs::perms::owner_read | fs::perms::owner_exec);
+    if (std::ofstream(root_ / "closed/probe").is_open())
+        GTEST_SKIP() << "the administrator may do everything";
+    const std::string closed = text("closed");
+    std::string shown = closed;
+    qzfile_path_localize(shown.data(), static_cast<int>(shown.size()));
+    Messages messages;
+    EXPECT_EQ(qzfile_rm_recursive((closed + "/file").c_str()), -1);
+    EXPECT_EQ(errno, EACCES);
+    EXPECT_EQ(qzfile_rm_recursive(closed.c_str()), -1) << "without a word";
+    EXPECT_EQ(qzfile_mkdir((closed + "/a/b").c_str(), 0), -1);
+    EXPECT_EQ(errno, EACCES) << "the reason is that of the first that cannot be made";
+    EXPECT_EQ(messages.text(), "WARNING qzfile_rm_recursive: unlink failed: " + shown +
+                                   "\\fileWARNING qzfile_mkdir: qzfile_mkdir_recursive failed: " +
+                                   shown + "\\a\\b : Permission denied\n");
+    fs::permissions(root_ / "closed", fs::perms::owner_all);
+    EXPECT_TRUE(is_there("closed/file"));
 }

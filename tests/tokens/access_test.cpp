@@ -57,6 +57,25 @@ TEST(Read, ATextStaysWhileOthersChange)
     EXPECT_STREQ(b, "b");
 }
 
+TEST(Read, ANumberFollowsItsToken)
+{
+    const List list("1 2");
+    const auto first = [&] {
+        int value = -1;
+        qztoken_get_int(list, 0, &value);
+        return value;
+    };
+    EXPECT_EQ(first(), 1);
+    qztoken_replace(list, 0, "7");
+    EXPECT_EQ(first(), 7);
+    qztoken_delete_token(list, 0);
+    EXPECT_EQ(first(), 2);
+    qztoken_clear(list);
+    EXPECT_EQ(first(), 0);
+    qztoken_add(list, "5");
+    EXPECT_EQ(first(), 5);
+}
+
 TEST(Read, NoPlaceForTheValue)
 {
     const List list("12 1.5");

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -62,7 +63,7 @@ TEST(Handles, ANewListRemembersNothingOfTheOneBefore)
     qztoken_add(list, "a");
     char *line = qztoken_get_string(list);
     EXPECT_STREQ(line, "a");
-    free(line);
+    std::free(line);
 }
 
 struct FieldCase {

@@ -69,7 +69,7 @@ TEST_F(Memory, NoneForTheTokensOfALine)
     EXPECT_EQ(messages_of([] {
                   int handle = -1;
                   {
-                      const FailingNew first(0);
+                      const FailingNew second(1); // behind the list itself
                       EXPECT_EQ(
                           qztoken_new(&handle, "a b", nullptr, nullptr, nullptr, nullptr, nullptr),
                           0);
@@ -86,7 +86,7 @@ TEST_F(Memory, NoneForMoreTokensOfALine)
     EXPECT_EQ(messages_of([&] {
                   int handle = -1;
                   {
-                      const FailingNew third(2); // behind the block and the first slots
+                      const FailingNew fourth(3); // behind list, block and first slots
                       EXPECT_EQ(qztoken_new(&handle, line.c_str(), nullptr, nullptr, nullptr,
                                             nullptr, nullptr),
                                 0);

@@ -1,10 +1,20 @@
+#include "qzregex.h"
 #include "tokens/token_test.h"
+#include "tokens/wildcard.h"
+#include "tokens/wildcard_text.h"
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <memory>
+#include <random>
 #include <string>
 
 namespace {
+
+using qz::tokens::Subject;
+using qz::tokens::Wildcard;
+using qz::tokens::WildcardExpression;
 
 struct WildcardCase {
     const char *why;
@@ -73,6 +83,32 @@ TEST(Wildcard, Table)
                       EXPECT_EQ(qztoken_regex_index(list, c.text), c.matches ? 0 : -1);
                   }),
                   "");
+    }
+}
+
+/// The matcher for simple wildcards against the engine, which defines what they mean.
+TEST(Wildcard, AgreesWithTheEngine)
+{
+    std::mt19937 random(5);
+    const auto text_of = [&](const std::string &characters, std::size_t max_length) {
+        std::string text(random() % (max_length + 1), ' ');
+        for (char &c : text)
+            c = characters[random() % characters.size()];
+        return text;
+    };
+    for (int i = 0; i < 3'000; ++i) {
+        const std::string wildcard = text_of(i % 2 != 0 ? "aab*?# " : "ab*?#.\\ [+\1", 8);
+        halcyra::qzlibs::CaptureQZErr quiet(-1);
+        const Wildcard compiled(wildcard.c_str());
+        const std::unique_ptr<qz_regexp, void (*)(void *)> program(
+            qz_regcomp(WildcardExpression(wildcard.c_str()).c_str()), std::free);
+        for (int k = 0; k < 20; ++k) {
+            const std::string text = text_of("aab1 .\\\1", 10);
+            const bool expected =
+                program != nullptr && qz_regexec(program.get(), text.c_str()) == 1;
+            ASSERT_EQ(compiled.matches(Subject(text.c_str())), expected)
+                << "<" << wildcard << "> on <" << text << ">";
+        }
     }
 }
 

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 namespace qz::file {
 
@@ -49,6 +50,15 @@ template <typename Result, typename Body> Result guarded(Result failure, Body &&
     } catch (...) {
         return failure;
     }
+}
+
+/// The frame of the plain functions that hand a text out: @p out is null until @p body sets it.
+template <typename Body> int handing_out(char **out, Body &&body) noexcept
+{
+    if (!out)
+        return -1;
+    *out = nullptr;
+    return guarded(-1, std::forward<Body>(body));
 }
 
 } // namespace qz::file

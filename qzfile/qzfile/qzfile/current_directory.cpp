@@ -37,10 +37,7 @@ int change_to(const char *directory)
 
 int qzfile_dir_current_get(char **out)
 {
-    if (!out)
-        return -1;
-    *out = nullptr;
-    return guarded(-1, [&] {
+    return handing_out(out, [&] {
         boost::system::error_code error;
         const boost::filesystem::path current = boost::filesystem::current_path(error);
         if (!error)

@@ -2,9 +2,9 @@
 #include "qzfile/qzfile/qzfile/c_text.h"
 #include "qzfile/qzfile/qzfile/directory_listing.h"
 
-#include <algorithm>
 #include <cstring>
 #include <optional>
+#include <utility>
 #include <vector>
 
 using namespace qz::file;

@@ -137,12 +137,9 @@ private:
 
 int qzfile_dir_expand(const char *text, char **out)
 {
-    if (!out)
-        return -1;
-    *out = nullptr;
-    if (!text)
-        return -1;
-    return qz::file::guarded(-1, [&] {
+    return qz::file::handing_out(out, [&] {
+        if (!text)
+            return -1;
         qz::file::GrowingText expansion;
         const int status = qz::file::Expander(expansion).expand(text);
         return qz::file::hand_out(expansion.text(), out) == 0 ? status : -1;

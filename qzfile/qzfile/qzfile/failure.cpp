@@ -1,10 +1,10 @@
 #include "qzfile/qzfile/qzfile/failure.h"
 
+#include "platform/text.h"
 #include "qzerr.h"
 
 #include <cerrno>
 #include <cstdarg>
-#include <cstdio>
 
 namespace qz::file {
 
@@ -15,7 +15,7 @@ int fail(const char *format, ...)
     if (format) {
         std::va_list arguments;
         va_start(arguments, format);
-        std::vsnprintf(message, sizeof message, format, arguments);
+        platform::qzwin32_vsnprintf(message, sizeof message, format, arguments);
         va_end(arguments);
     }
     qzerr_throw(-1, QZERR_WARNING, "%s", message);

@@ -6,25 +6,19 @@
 #include <optional>
 
 using qz::file::fail;
-using qz::file::guarded;
 using qz::file::hand_out;
+using qz::file::handing_out;
 
 int qzfile_dir_home(char **out)
 {
-    if (!out)
-        return -1;
-    *out = nullptr;
-    return guarded(-1, [&] { return hand_out(halcyra::path::home().string(), out); });
+    return handing_out(out, [&] { return hand_out(halcyra::path::home().string(), out); });
 }
 
 int qzfile_dir_user_home(const char *user, char **out)
 {
-    if (!out)
-        return -1;
-    *out = nullptr;
-    if (!user)
-        return fail("qzfile_dir_user_home: null user name given\n");
-    return guarded(-1, [&] {
+    return handing_out(out, [&] {
+        if (!user)
+            return fail("qzfile_dir_user_home: null user name given\n");
         const std::optional<std::string> home = qz::platform::qzwin32_getpwnam(user);
         if (!home)
             return fail("qzfile_dir_user_home: Unable to get home directory for user '%s'\n", user);

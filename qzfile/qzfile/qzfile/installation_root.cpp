@@ -21,9 +21,3 @@ std::string qzfile_get_config_dir()
 {
     return qz::file::append_name(qz::file::installation_root(), "config");
 }
-
-const char *qzfile_get_halcyra_support_error_mesg(void)
-{
-    return "Please report this problem at https://www.halcyra.example/support, and upload the "
-           "following files, to help us diagnose this problem:";
-}

@@ -4,6 +4,7 @@
 #include "qzfile/qzfile/qzfile/failure.h"
 #include "qzfile/qzfile/qzfile/path_text.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <string>
 #include <string_view>

@@ -36,12 +36,7 @@ int find_product_directory(const char *product, char **out)
 
 int qzfile_find_product_dir(const char *product, char **out)
 {
-    if (!out)
-        return -1;
-    *out = nullptr;
-    if (!product)
-        return -1;
-    return guarded(-1, [&] { return find_product_directory(product, out); });
+    return handing_out(out, [&] { return product ? find_product_directory(product, out) : -1; });
 }
 
 std::string qzfile_get_product_dir_path(const std::string &product)
@@ -52,19 +47,4 @@ std::string qzfile_get_product_dir_path(const std::string &product)
     if (status != 0 || !*or_empty(directory))
         throw std::runtime_error("Failure getting the product directory");
     return directory;
-}
-
-std::string qzfile_get_atelio_scripts_path(AtelioScriptsPathType type)
-{
-    switch (type) {
-    case AtelioScriptsPathType::UserMenuFile:
-        return qzfile_get_appdata_release_dir_path() + "\\atelio\\scriptsx.mnu";
-    case AtelioScriptsPathType::UserScriptsDir:
-        return qzfile_get_appdata_release_dir_path() + "\\scriptsx";
-    case AtelioScriptsPathType::SystemMenuFile:
-        return qzfile_get_product_dir_path("plindra") + "\\python\\common\\scriptsx.mnu";
-    case AtelioScriptsPathType::SystemScriptsDir:
-        return qzfile_get_product_dir_path("plindra") + "\\python\\common";
-    }
-    throw std::runtime_error("Invalid script path type specified.");
 }

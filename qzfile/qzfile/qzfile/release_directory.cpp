@@ -2,9 +2,7 @@
 #include "qzerr.h"
 #include "qzfile.hpp"
 #include "qzfile/qzfile/qzfile/c_text.h"
-#include "qzfile/qzfile/qzfile/failure.h"
 #include "qzfile/qzfile/qzfile/path_text.h"
-#include "qzfile/qzfile/qzfile/user_directories.h"
 
 #include <boost/filesystem/operations.hpp>
 
@@ -31,39 +29,16 @@ int hand_out_release_directory(char **out)
     const std::string directory = std::string(appdata) + kSeparator + halcyra::release_name();
     // A directory that cannot be made is told by the missing name alone: callers that only look
     // at the code go on without one.
-    if (!is_directory(directory) && qzfile_mkdir(directory.c_str(), kDirectoryMode) != 0)
+    if (!is_directory(directory) && qzfile_mkdir(directory.c_str(), 0755) != 0)
         return 0;
     return hand_out(directory, out);
 }
 
-int hand_out_temporary_directory(char **out)
-{
-    if (const char *directory = std::getenv("HALCYRA_TMPDIR"))
-        return hand_out_made(directory, out);
-    char *appdata = nullptr;
-    const int status = qzfile_halcyra_local_appdata_dir(&appdata);
-    const CText owned(appdata);
-    if (status != 0)
-        return fail("qzfile_get_halcyra_temp: Unable to get local appdata directory\n");
-    return hand_out_made(std::string(appdata) + "\\tmp", out);
-}
-
 } // namespace
-
-int qzfile_get_halcyra_temp(char **out)
-{
-    if (!out)
-        return -1;
-    *out = nullptr;
-    return guarded(-1, [&] { return hand_out_temporary_directory(out); });
-}
 
 int qzfile_get_appdata_release_dir(char **out)
 {
-    if (!out)
-        return -1;
-    *out = nullptr;
-    return guarded(-1, [&] { return hand_out_release_directory(out); });
+    return handing_out(out, [&] { return hand_out_release_directory(out); });
 }
 
 int qzfile_appdata_release_dir(char **out)

@@ -9,8 +9,11 @@
 #include <boost/filesystem/operations.hpp>
 
 #include <cerrno>
+#include <filesystem>
 #include <optional>
 #include <string>
+#include <system_error>
+#include <utility>
 
 using namespace qz::file;
 
@@ -48,9 +51,12 @@ std::string without_closing_separators(std::string text)
 
 int remove_tree(const std::string &path)
 {
-    // Links in the tree, and the path itself when it is one, are removed and not followed.
-    boost::system::error_code error;
-    fs::remove_all(qz::platform::native_path(without_closing_separators(path)), error);
+    // Links in the tree, and the path itself when it is one, are removed and not followed. The
+    // standard library's removal keeps the directories open that it is in, so that one which is
+    // put out of the way meanwhile, with a link in its place, leads nowhere else.
+    const fs::path native = qz::platform::native_path(without_closing_separators(path));
+    std::error_code error;
+    std::filesystem::remove_all(native.native(), error);
     return error ? -1 : 0;
 }
 

@@ -17,12 +17,16 @@ using qz::platform::ShellFolder;
 
 namespace {
 
+/// Makes a directory that may be missing and hands its name out.
+int hand_out_made(const std::string &directory, char **out)
+{
+    const int status = qzfile_mkdir(directory.c_str(), 0755);
+    return status == 0 ? hand_out(directory, out) : status;
+}
+
 int hand_out_shell_folder(ShellFolder folder, const char *message, char **out)
 {
-    if (!out)
-        return -1;
-    *out = nullptr;
-    return guarded(-1, [&] {
+    return handing_out(out, [&] {
         const std::optional<std::string> path = shell_folder(folder);
         return path ? hand_out(*path, out) : fail("%s", message);
     });
@@ -44,23 +48,26 @@ std::optional<std::string> maker_directory(ShellFolder folder, const char *overr
 int hand_out_maker_directory(ShellFolder folder, const char *override_variable, const char *message,
                              char **out)
 {
-    if (!out)
-        return -1;
-    *out = nullptr;
-    return guarded(-1, [&] {
+    return handing_out(out, [&] {
         const std::optional<std::string> directory =
             maker_directory(folder, override_variable, MissingFolder::Make);
         return directory ? hand_out_made(*directory, out) : fail("%s", message);
     });
 }
 
-} // namespace
-
-int qz::file::hand_out_made(const std::string &directory, char **out)
+int hand_out_temporary_directory(char **out)
 {
-    const int status = qzfile_mkdir(directory.c_str(), kDirectoryMode);
-    return status == 0 ? hand_out(directory, out) : status;
+    if (const char *directory = std::getenv("HALCYRA_TMPDIR"))
+        return hand_out_made(directory, out);
+    char *appdata = nullptr;
+    const int status = qzfile_halcyra_local_appdata_dir(&appdata);
+    const CText owned(appdata);
+    if (status != 0)
+        return fail("qzfile_get_halcyra_temp: Unable to get local appdata directory\n");
+    return hand_out_made(std::string(appdata) + "\\tmp", out);
 }
+
+} // namespace
 
 std::optional<std::string> qz::file::local_appdata_directory(MissingFolder missing)
 {
@@ -86,6 +93,11 @@ int qzfile_halcyra_userdata_dir(char **out)
     return hand_out_maker_directory(
         ShellFolder::Profile, nullptr,
         "qzfile_halcyra_userdata_dir: Unable to get userdata directory\n", out);
+}
+
+int qzfile_get_halcyra_temp(char **out)
+{
+    return handing_out(out, [&] { return hand_out_temporary_directory(out); });
 }
 
 int qzfile_get_desktop_dir(char **out)

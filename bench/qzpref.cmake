@@ -1,0 +1,25 @@
+# The preference store beside its peers; a peer that is not installed has no rows.
+set(qzpref_peers)
+if(PkgConfig_FOUND)
+    pkg_check_modules(QZ_GLIB IMPORTED_TARGET glib-2.0)
+endif()
+if(QZ_GLIB_FOUND)
+    list(APPEND qzpref_peers qzpref_gkeyfile.cpp)
+endif()
+qz_bench(qzpref_bench SOURCES qzpref_bench.cpp ${qzpref_peers})
+if(QZ_GLIB_FOUND)
+    target_link_libraries(qzpref_bench PRIVATE PkgConfig::QZ_GLIB)
+endif()
+
+find_package(Qt5 QUIET COMPONENTS Core)
+find_package(KF5Config QUIET)
+if(Qt5_FOUND AND KF5Config_FOUND)
+    add_executable(kconfig_bench kconfig_bench.cpp)
+    target_include_directories(kconfig_bench PRIVATE "${PROJECT_SOURCE_DIR}")
+    # As Qt 5 is built: its headers refuse the flag for programs.
+    target_compile_options(kconfig_bench PRIVATE -fPIC)
+    target_link_libraries(kconfig_bench PRIVATE KF5::ConfigCore Qt5::Core qz_warnings
+                          benchmark::benchmark benchmark::benchmark_main)
+else()
+    message(STATUS "KConfig is not installed: kconfig_bench is left out")
+endif()

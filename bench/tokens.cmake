@@ -1,0 +1,16 @@
+qz_bench(tokens_bench SOURCES tokens_bench.cpp LINK absl::strings)
+
+# Peers that not every machine has.
+find_package(PkgConfig)
+if(PkgConfig_FOUND)
+    pkg_check_modules(GLIB IMPORTED_TARGET glib-2.0)
+endif()
+if(TARGET PkgConfig::GLIB)
+    target_link_libraries(tokens_bench PRIVATE PkgConfig::GLIB)
+    target_compile_definitions(tokens_bench PRIVATE QZ_BENCH_GLIB)
+endif()
+include(CheckIncludeFile)
+check_include_file(fnmatch.h QZ_HAVE_FNMATCH)
+if(QZ_HAVE_FNMATCH)
+    target_compile_definitions(tokens_bench PRIVATE QZ_BENCH_FNMATCH)
+endif()

@@ -1,0 +1,3 @@
+qz_fuzzer(split_fuzz SOURCES split_fuzz.cpp)
+qz_fuzzer(number_fuzz SOURCES number_fuzz.cpp)
+qz_fuzzer(wildcard_fuzz SOURCES wildcard_fuzz.cpp)
