@@ -38,12 +38,27 @@ extern "C" void *__wrap_malloc(std::size_t size)
     return fails_now(mallocs_left) ? nullptr : __real_malloc(size);
 }
 
+// Every form is replaced: a sanitizer brings forms of its own for those that are not.
 void *operator new(std::size_t size)
 {
-    void *memory = fails_now(news_left) ? nullptr : std::malloc(size);
+    void *memory = fails_now(news_left) ? nullptr : std::malloc(size != 0 ? size : 1);
     if (memory == nullptr)
         throw std::bad_alloc();
     return memory;
+}
+
+void *operator new[](std::size_t size)
+{
+    return operator new(size);
+}
+
+void *operator new[](std::size_t size, const std::nothrow_t &) noexcept
+{
+    try {
+        return operator new(size);
+    } catch (const std::bad_alloc &) {
+        return nullptr;
+    }
 }
 
 void operator delete(void *memory) noexcept
@@ -52,6 +67,16 @@ void operator delete(void *memory) noexcept
 }
 
 void operator delete(void *memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
+
+void operator delete[](void *memory) noexcept
+{
+    std::free(memory);
+}
+
+void operator delete[](void *memory, std::size_t) noexcept
 {
     std::free(memory);
 }
