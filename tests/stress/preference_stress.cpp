@@ -12,7 +12,8 @@
 // The files lie in a directory of their own below DIRECTORY, the temporary directory by default.
 // The exit status is 0 when no fault was found, 1 otherwise, 2 for a call that makes no sense.
 //
-// The suite runs short forms. By hand, for an hour or so on a disk and minutes in memory:
+// The suite runs short forms. By hand, about an hour in memory; updates on a disk take many times
+// as long, for every one of them waits until it is written:
 //
 //   for p in 2 4 8 32; do preference_stress --dir /dev/shm updates 250000 $p; done
 //   preference_stress --dir /dev/shm updates 100000 4 reopen
