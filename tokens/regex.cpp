@@ -50,24 +50,27 @@ qz_regexp *assemble(const NodeProgram &program, const std::vector<Byte> &plan)
     return result;
 }
 
-bool match(const qz_regexp &program, const char *text, Slots &slots)
+/// @return how many slots were filled; 0 for no match.
+std::size_t match(const qz_regexp &program, const char *text, Slots &slots)
 {
     const auto *block = reinterpret_cast<const Byte *>(&program);
     const Byte *const nodes = block + offsetof(qz_regexp, program);
     const auto *plan = reinterpret_cast<const Plan *>(block + program.plan_at);
     if (std::memcmp(nodes, plan->nodes(), plan->nodes_size) == 0)
-        return search(*plan, text, slots);
+        return search(*plan, text, slots) ? plan->slot_count : 0;
     // Somebody wrote into the nodes. They are the program: run what they say, if they still say
     // something.
-    const std::vector<Byte> fresh = make_plan(nodes, plan->nodes_size);
-    return search(*reinterpret_cast<const Plan *>(fresh.data()), text, slots);
+    const std::vector<Byte> fresh = make_plan(nodes, plan->nodes_size, false);
+    plan = reinterpret_cast<const Plan *>(fresh.data());
+    return search(*plan, text, slots) ? plan->slot_count : 0;
 }
 
-void fill_sub_matches(qz_regexp &program, const Slots &slots)
+void fill_sub_matches(qz_regexp &program, const Slots &slots, std::size_t filled)
 {
     for (std::size_t i = 0; i < 10; ++i) {
-        program.startp[i] = reinterpret_cast<const char *>(slots[2 * i]);
-        program.endp[i] = reinterpret_cast<const char *>(slots[2 * i + 1]);
+        const bool known = 2 * i < filled;
+        program.startp[i] = known ? reinterpret_cast<const char *>(slots[2 * i]) : nullptr;
+        program.endp[i] = known ? reinterpret_cast<const char *>(slots[2 * i + 1]) : nullptr;
     }
 }
 
@@ -84,7 +87,7 @@ qz_regexp *qz_regcomp(const char *pattern)
     }
     try {
         const NodeProgram program = compile(pattern);
-        return assemble(program, make_plan(program.bytes.data(), program.bytes.size()));
+        return assemble(program, make_plan(program.bytes.data(), program.bytes.size(), true));
     } catch (const Refusal &refusal) {
         report(refusal.reason);
     } catch (const std::bad_alloc &) {
@@ -105,10 +108,11 @@ int qz_regexec(qz_regexp *program, const char *text)
         return 0;
     }
     try {
-        Slots slots{};
-        if (!match(*program, text, slots))
+        Slots slots;
+        const std::size_t filled = match(*program, text, slots);
+        if (filled == 0)
             return 0;
-        fill_sub_matches(*program, slots);
+        fill_sub_matches(*program, slots, filled);
         return 1;
     } catch (const Refusal &refusal) {
         report(refusal.reason);

@@ -39,7 +39,7 @@ public:
 
     bool empty() const { return size_ == 0; }
 
-    Retry &top() { return stack_[size_ - 1]; }
+    const Retry &top() const { return stack_[size_ - 1]; }
 
     void pop() { --size_; }
 
@@ -49,20 +49,23 @@ public:
     bool spend(std::ptrdiff_t work)
     {
         budget_ -= work;
-        if (budget_ >= 0)
-            return true;
+        return budget_ >= 0 || extend();
+    }
+
+private:
+    bool extend()
+    {
         if (!generous_)
             budget_ += kWorkPerByte * (text_.end() - text_.begin());
         generous_ = true;
         return budget_ >= 0;
     }
 
-private:
     static constexpr std::size_t kDepth = 256;
-    static constexpr std::ptrdiff_t kWorkPerByte = 16;
+    static constexpr std::ptrdiff_t kWorkPerByte = 4;
 
     const Text &text_;
-    std::ptrdiff_t budget_ = 2000;
+    std::ptrdiff_t budget_ = 128;
     bool generous_ = false;
     std::size_t size_ = 0;
     std::array<Retry, kDepth> stack_;
@@ -95,11 +98,14 @@ public:
 
     bool empty() const { return stack_.empty(); }
 
-    Retry &top() { return stack_.back(); }
+    const Retry &top() const { return stack_.back(); }
 
     void pop() { stack_.pop_back(); }
 
     void clear() { stack_.clear(); }
+
+    /// What is done once only needs no budget.
+    static bool spend(std::ptrdiff_t) { return true; }
 
     /// Whether the step numbered @p memo was at @p at before; from now on it was.
     bool seen(std::int32_t memo, const Byte *at)
@@ -121,224 +127,195 @@ private:
     std::vector<Retry> stack_;
 };
 
+/// Where a match stands: the step to take next and the place in the text; nullptr when it failed.
+struct State {
+    const Byte *at;
+    std::uint32_t step;
+};
+
+constexpr State kFailed{nullptr, 0};
+
 template <class Memory> class Backtracker {
 public:
-    Backtracker(const Plan &plan, const Text &text, const Byte *start, Slots &slots)
-        : plan_(plan), text_(text), slots_(slots), memory_(plan, text, start)
+    Backtracker(const Plan &plan, const Text &text, const Byte *start)
+        : plan_(plan), steps_(plan.steps()), tables_(plan.tables()), text_(text),
+          memory_(plan, text, start)
     {}
 
-    /// Tries a match that starts at @p start.
-    Outcome attempt(const Byte *start);
+    /// Tries a match that starts at @p start, and fills @p slots when it succeeds.
+    Outcome attempt(const Byte *start, Slots &slots);
 
 private:
     static constexpr bool kRemembers = std::is_same_v<Memory, ThoroughMemory>;
 
-    enum class Way { kOpen, kFailed, kMatched, kGaveUp };
+    State take(const Step &step, const Byte *at);
+    State star(const Step &step, const Byte *at);
+    State give_back(const Step &step, const Byte *high, const Byte *low);
+    State split(const Step &step, const Byte *at);
+    State save(const Step &step, const Byte *at);
+    State retry();
+    const Byte *run_end(const Step &step, const Byte *at) const;
+    const Byte *unseen_run_end(const Step &step, const Byte *at);
+    bool spend(std::ptrdiff_t work);
+    bool push(const Retry &retry);
 
-    Way take(const Step &step);
-    Way star(const Step &step);
-    Way give_back(const Step &step, const Byte *high, const Byte *low);
-    Way split(const Step &step);
-    Way save(const Step &step);
-    Way retry();
-    Way literal(const Step &step);
-    const Byte *run_end(const Step &step) const;
-    const Byte *unseen_run_end(const Step &step);
-
-    Way go(std::uint32_t to)
-    {
-        to_ = to;
-        return Way::kOpen;
-    }
+    bool holds(const SetRef &set, Byte c) const { return (tables_[set.table + c] & set.bit) != 0; }
 
     const Plan &plan_;
+    const Step *steps_;
+    const Byte *tables_;
     const Text &text_;
-    Slots &slots_;
+    Slots slots_;
     Memory memory_;
-    std::uint32_t to_ = 0;     ///< the step to take next
-    const Byte *at_ = nullptr; ///< the place in the text
+    bool gave_up_ = false;
     /// Counts the points one can come back to. A slot that was put on the stack since the last of
     /// them need not be put there again.
     std::uint32_t epoch_ = 0;
     std::array<std::uint32_t, 20> saved_in_{};
 };
 
-template <class Memory> Outcome Backtracker<Memory>::attempt(const Byte *start)
+template <class Memory> Outcome Backtracker<Memory>::attempt(const Byte *start, Slots &slots)
 {
-    const Step *const steps = plan_.steps();
     std::fill_n(slots_.begin(), plan_.slot_count, nullptr);
     memory_.clear();
-    to_ = plan_.start;
-    at_ = start;
     ++epoch_;
+    State state{start, plan_.start};
     for (;;) {
-        Way way = take(steps[to_]);
-        if (way == Way::kFailed)
-            way = retry();
-        switch (way) {
-        case Way::kOpen:
-            continue;
-        case Way::kFailed:
-            return Outcome::kNoMatch;
-        case Way::kGaveUp:
-            return Outcome::kGaveUp;
-        case Way::kMatched:
-            slots_[0] = start;
-            slots_[1] = at_;
-            return Outcome::kMatch;
-        }
+        const Step &step = steps_[state.step];
+        if (step.op == Op::kMatch)
+            break;
+        state = take(step, state.at);
+        if (state.at == nullptr)
+            state = retry();
+        if (state.at == nullptr)
+            return gave_up_ ? Outcome::kGaveUp : Outcome::kNoMatch;
     }
+    slots_[0] = start;
+    slots_[1] = state.at;
+    std::copy_n(slots_.begin(), plan_.slot_count, slots.begin());
+    return Outcome::kMatch;
 }
 
-template <class Memory>
-inline typename Backtracker<Memory>::Way Backtracker<Memory>::take(const Step &step)
+template <class Memory> inline State Backtracker<Memory>::take(const Step &step, const Byte *at)
 {
     if constexpr (kRemembers) {
         // A star looks at each place it takes a byte from.
-        if (step.memo >= 0 && step.op != Op::kStar && memory_.seen(step.memo, at_))
-            return Way::kFailed;
+        if (step.memo >= 0 && step.op != Op::kStar && memory_.seen(step.memo, at))
+            return kFailed;
     }
     switch (step.op) {
-    case Op::kMatch:
-        return Way::kMatched;
     case Op::kLiteral:
-        return literal(step);
+        if (!stands_at(at, plan_.literal(step.literal), step.literal.length))
+            return kFailed;
+        return {at + step.literal.length, step.next};
     case Op::kSet:
-        if (!plan_.holds(step.set, *at_))
-            return Way::kFailed;
-        ++at_;
-        return go(step.next);
+        return holds(step.set, *at) ? State{at + 1, step.next} : kFailed;
     case Op::kStar:
-        return star(step);
+        return star(step, at);
     case Op::kSplit:
-        return split(step);
+        return split(step, at);
     case Op::kSave:
-        return save(step);
+        return save(step, at);
     case Op::kLineStart:
-        return at_ == text_.begin() ? go(step.next) : Way::kFailed;
+        return at == text_.begin() ? State{at, step.next} : kFailed;
     case Op::kLineEnd:
-        return *at_ == 0 ? go(step.next) : Way::kFailed;
+        return *at == 0 ? State{at, step.next} : kFailed;
+    case Op::kMatch:
     case Op::kNothing:
         break;
     }
-    return go(step.next);
+    return {at, step.next};
 }
 
-template <class Memory>
-inline typename Backtracker<Memory>::Way Backtracker<Memory>::literal(const Step &step)
+template <class Memory> inline State Backtracker<Memory>::star(const Step &step, const Byte *at)
 {
-    const Byte *const bytes = plan_.literal(step.literal);
-    for (std::size_t i = 0; i < step.literal.length; ++i) {
-        if (at_[i] != bytes[i]) // at the end of the text at the latest
-            return Way::kFailed;
-    }
-    at_ += step.literal.length;
-    return go(step.next);
-}
-
-template <class Memory>
-inline typename Backtracker<Memory>::Way Backtracker<Memory>::star(const Step &step)
-{
-    const Byte *const low = at_;
-    const Byte *high = nullptr;
     if constexpr (kRemembers) {
-        high = unseen_run_end(step);
-        if (high == nullptr)
-            return Way::kFailed;
-    } else {
-        high = run_end(step);
-        if (!memory_.spend(1 + (high - low) / 16))
-            return Way::kGaveUp;
-        if (step.exclusive) {
-            at_ = high;
-            return plan_.holds(step.follow, *high) ? go(step.next) : Way::kFailed;
-        }
+        const Byte *const high = unseen_run_end(step, at);
+        return high == nullptr ? kFailed : give_back(step, high, at);
     }
-    return give_back(step, high, low);
+    const Byte *const high = run_end(step, at);
+    if (!spend(1 + (high - at) / 16))
+        return kFailed;
+    if (step.exclusive)
+        return holds(step.follow, *high) ? State{high, step.next} : kFailed;
+    return give_back(step, high, at);
 }
 
 /// Goes on from the last place from @p high down to @p low where that can succeed.
 template <class Memory>
-inline typename Backtracker<Memory>::Way
-Backtracker<Memory>::give_back(const Step &step, const Byte *high, const Byte *low)
+inline State Backtracker<Memory>::give_back(const Step &step, const Byte *high, const Byte *low)
 {
-    const Byte *place = high;
-    while (!plan_.holds(step.follow, *place)) {
-        if (place == low)
-            return Way::kFailed;
-        --place;
+    const Byte *at = high;
+    while (!holds(step.follow, *at)) {
+        if (at == low)
+            return kFailed;
+        --at;
     }
-    if constexpr (!kRemembers) {
-        if (!memory_.spend((high - place) / 16))
-            return Way::kGaveUp;
-    }
-    at_ = place;
-    if (place > low) {
-        const auto index = static_cast<std::uint32_t>(&step - plan_.steps());
-        if (!memory_.push({Retry::kGiveBack, index, place - 1, low}))
-            return Way::kGaveUp;
+    if (!spend((high - at) / 16))
+        return kFailed;
+    if (at > low) {
+        const auto index = static_cast<std::uint32_t>(&step - steps_);
+        if (!push({Retry::kGiveBack, index, at - 1, low}))
+            return kFailed;
         ++epoch_;
     }
-    return go(step.next);
+    return {at, step.next};
 }
 
-template <class Memory> inline const Byte *Backtracker<Memory>::run_end(const Step &step) const
+template <class Memory>
+inline const Byte *Backtracker<Memory>::run_end(const Step &step, const Byte *at) const
 {
     if (step.all_bytes)
-        return text_.end();
-    const Byte *end = at_;
-    while (plan_.holds(step.set, *end))
-        ++end;
-    return end;
+        return text_.end_from(at);
+    while (holds(step.set, *at))
+        ++at;
+    return at;
 }
 
 /// The last place of the run in which the star was not before; nullptr when it was at the first one
 /// already. From a place where it was, all that follows has been tried.
-template <class Memory> inline const Byte *Backtracker<Memory>::unseen_run_end(const Step &step)
+template <class Memory>
+inline const Byte *Backtracker<Memory>::unseen_run_end(const Step &step, const Byte *at)
 {
-    const Byte *end = at_;
+    const Byte *end = at;
     while (!memory_.seen(step.memo, end)) {
-        if (!plan_.holds(step.set, *end))
+        if (!holds(step.set, *end))
             return end;
         ++end;
     }
-    return end == at_ ? nullptr : end - 1;
+    return end == at ? nullptr : end - 1;
 }
 
-template <class Memory>
-inline typename Backtracker<Memory>::Way Backtracker<Memory>::split(const Step &step)
+template <class Memory> inline State Backtracker<Memory>::split(const Step &step, const Byte *at)
 {
-    if constexpr (!kRemembers) {
-        if (!memory_.spend(1))
-            return Way::kGaveUp;
-    }
-    const bool other = plan_.holds(step.follow, *at_);
-    if (!plan_.holds(step.set, *at_))
-        return other ? go(step.other) : Way::kFailed;
+    if (!spend(1))
+        return kFailed;
+    const bool other = holds(step.follow, *at);
+    if (!holds(step.set, *at))
+        return other ? State{at, step.other} : kFailed;
     if (other) {
-        if (!memory_.push({Retry::kOther, step.other, at_, nullptr}))
-            return Way::kGaveUp;
+        if (!push({Retry::kOther, step.other, at, nullptr}))
+            return kFailed;
         ++epoch_;
     }
-    return go(step.next);
+    return {at, step.next};
 }
 
-template <class Memory>
-inline typename Backtracker<Memory>::Way Backtracker<Memory>::save(const Step &step)
+template <class Memory> inline State Backtracker<Memory>::save(const Step &step, const Byte *at)
 {
     if (!memory_.empty() && saved_in_[step.slot] != epoch_) {
-        if (!memory_.push({Retry::kRestore, step.slot, slots_[step.slot], nullptr}))
-            return Way::kGaveUp;
+        if (!push({Retry::kRestore, step.slot, slots_[step.slot], nullptr}))
+            return kFailed;
         saved_in_[step.slot] = epoch_;
     }
-    slots_[step.slot] = at_;
-    return go(step.next);
+    slots_[step.slot] = at;
+    return {at, step.next};
 }
 
 /// Goes back to the last point where there is another way.
-template <class Memory> typename Backtracker<Memory>::Way Backtracker<Memory>::retry()
+template <class Memory> State Backtracker<Memory>::retry()
 {
-    while (!memory_.empty()) {
+    while (!memory_.empty() && !gave_up_) {
         const Retry last = memory_.top();
         memory_.pop();
         if (last.kind == Retry::kRestore) {
@@ -346,29 +323,37 @@ template <class Memory> typename Backtracker<Memory>::Way Backtracker<Memory>::r
             continue;
         }
         ++epoch_;
-        if constexpr (!kRemembers) {
-            if (!memory_.spend(1))
-                return Way::kGaveUp;
-        }
-        if (last.kind == Retry::kOther) {
-            at_ = last.at;
-            return go(last.index);
-        }
-        const Way way = give_back(plan_.steps()[last.index], last.at, last.low);
-        if (way != Way::kFailed)
-            return way;
+        if (!spend(1))
+            break;
+        if (last.kind == Retry::kOther)
+            return {last.at, last.index};
+        const State state = give_back(steps_[last.index], last.at, last.low);
+        if (state.at != nullptr)
+            return state;
     }
-    return Way::kFailed;
+    return kFailed;
+}
+
+template <class Memory> inline bool Backtracker<Memory>::spend(std::ptrdiff_t work)
+{
+    gave_up_ = gave_up_ || !memory_.spend(work);
+    return !gave_up_;
+}
+
+template <class Memory> inline bool Backtracker<Memory>::push(const Retry &retry)
+{
+    gave_up_ = gave_up_ || !memory_.push(retry);
+    return !gave_up_;
 }
 
 template <class Memory>
-Outcome search_with(const Plan &plan, const Text &text, const Byte *&start, Slots &slots)
+Outcome search_with(const Plan &plan, const Text &text, Starts &starts, const Byte *&start,
+                    Slots &slots)
 {
-    const Starts starts(plan, text);
-    Backtracker<Memory> matcher(plan, text, start, slots);
-    for (const Byte *at = starts.find(start); at != nullptr; at = starts.after(at)) {
+    Backtracker<Memory> matcher(plan, text, start);
+    for (const Byte *at = start; at != nullptr; at = starts.after(at)) {
         start = at;
-        const Outcome outcome = matcher.attempt(at);
+        const Outcome outcome = matcher.attempt(at, slots);
         if (outcome != Outcome::kNoMatch)
             return outcome;
     }
@@ -377,16 +362,18 @@ Outcome search_with(const Plan &plan, const Text &text, const Byte *&start, Slot
 
 } // namespace
 
-Outcome search_quick(const Plan &plan, const Text &text, const Byte *&start, Slots &slots)
+Outcome search_quick(const Plan &plan, const Text &text, Starts &starts, const Byte *&start,
+                     Slots &slots)
 {
-    return search_with<QuickMemory>(plan, text, start, slots);
+    return search_with<QuickMemory>(plan, text, starts, start, slots);
 }
 
-Outcome search_thorough(const Plan &plan, const Text &text, const Byte *&start, Slots &slots)
+Outcome search_thorough(const Plan &plan, const Text &text, Starts &starts, const Byte *&start,
+                        Slots &slots)
 {
     if (!ThoroughMemory::suits(plan, text, start))
         return Outcome::kGaveUp;
-    return search_with<ThoroughMemory>(plan, text, start, slots);
+    return search_with<ThoroughMemory>(plan, text, starts, start, slots);
 }
 
 } // namespace qz::regex

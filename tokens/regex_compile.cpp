@@ -388,11 +388,19 @@ StartHints start_hints(const NodeProgram &program)
     return hints;
 }
 
+std::vector<std::size_t> required_nodes(const std::vector<unsigned char> &program)
+{
+    std::vector<std::size_t> nodes;
+    std::size_t at = sole_alternative(program);
+    for (; at != 0 && program[at] != kEnd; at += node_offset(&program[at]))
+        nodes.push_back(at);
+    return nodes;
+}
+
 Literal required_literal(const std::vector<unsigned char> &program)
 {
     Literal best;
-    std::size_t at = sole_alternative(program);
-    for (; at != 0 && program[at] != kEnd; at += node_offset(&program[at])) {
+    for (const std::size_t at : required_nodes(program)) {
         if (program[at] != kLiteral)
             continue;
         const auto *bytes = reinterpret_cast<const char *>(&program[at + kNodeSize]);

@@ -36,8 +36,11 @@ NodeProgram compile(const char *pattern);
 /// The hints of a program of one alternative; a program of several has none.
 StartHints start_hints(const NodeProgram &program);
 
-/// The longest literal among the nodes every match of @p program passes, the later one of two
-/// equals; length 0 when there is none or the pattern has several alternatives.
+/// The nodes that every match of @p program passes one after the other; none when the pattern has
+/// several alternatives. What stands inside a group is not looked at.
+std::vector<std::size_t> required_nodes(const std::vector<unsigned char> &program);
+
+/// The longest literal among those nodes, the later one of two equals; length 0 when there is none.
 Literal required_literal(const std::vector<unsigned char> &program);
 
 } // namespace qz::regex

@@ -27,7 +27,9 @@ private:
     void link_branch(Draft &draft, std::size_t at) const;
     std::vector<std::uint32_t> order() const;
     void leave_out_nothing(const std::vector<std::uint32_t> &order);
+    void join_choices(const std::vector<std::uint32_t> &order);
     void find_first_bytes(const std::vector<std::uint32_t> &order);
+    void find_second_bytes(const std::vector<std::uint32_t> &order);
 
     const Byte *nodes_;
     std::size_t size_;
@@ -45,7 +47,9 @@ std::vector<Draft> Reader::read()
     link_all();
     const std::vector<std::uint32_t> forwards = order();
     leave_out_nothing(forwards);
+    join_choices(forwards);
     find_first_bytes(forwards);
+    find_second_bytes(forwards);
     return std::move(drafts_);
 }
 
@@ -238,6 +242,31 @@ void Reader::leave_out_nothing(const std::vector<std::uint32_t> &order)
     }
 }
 
+/// A choice between single bytes that go on alike is one set.
+void Reader::join_choices(const std::vector<std::uint32_t> &order)
+{
+    const auto single = [this](const Draft &draft) {
+        ByteSet set = draft.set;
+        if (draft.op == Op::kLiteral && draft.literal.length == 1)
+            set.set(nodes_[draft.literal.at]);
+        return draft.op == Op::kSet || draft.op == Op::kLiteral ? set : ByteSet();
+    };
+    for (auto step = order.rbegin(); step != order.rend(); ++step) {
+        Draft &draft = drafts_[*step];
+        const Draft &one = drafts_[draft.next];
+        const Draft &other = drafts_[draft.other];
+        if (draft.op != Op::kSplit || one.next != other.next)
+            continue;
+        const ByteSet first = single(one);
+        const ByteSet second = single(other);
+        if (first.none() || second.none())
+            continue;
+        draft.op = Op::kSet;
+        draft.set = first | second;
+        draft.next = one.next;
+    }
+}
+
 void Reader::find_first_bytes(const std::vector<std::uint32_t> &order)
 {
     for (auto step = order.rbegin(); step != order.rend(); ++step) {
@@ -266,6 +295,40 @@ void Reader::find_first_bytes(const std::vector<std::uint32_t> &order)
         case Op::kLineStart:
         case Op::kNothing:
             draft.first = after;
+            break;
+        }
+    }
+}
+
+void Reader::find_second_bytes(const std::vector<std::uint32_t> &order)
+{
+    for (auto step = order.rbegin(); step != order.rend(); ++step) {
+        Draft &draft = drafts_[*step];
+        const Draft &after = drafts_[draft.next];
+        switch (draft.op) {
+        case Op::kMatch:
+        case Op::kLineEnd:
+            draft.second.set();
+            break;
+        case Op::kLiteral:
+            if (draft.literal.length > 1)
+                draft.second.set(nodes_[draft.literal.at + 1]);
+            else
+                draft.second = after.first;
+            break;
+        case Op::kSet:
+            draft.second = after.first;
+            break;
+        case Op::kStar:
+            draft.second = draft.first | after.second;
+            break;
+        case Op::kSplit:
+            draft.second = after.second | drafts_[draft.other].second;
+            break;
+        case Op::kSave:
+        case Op::kLineStart:
+        case Op::kNothing:
+            draft.second = after.second;
             break;
         }
     }

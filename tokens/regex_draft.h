@@ -18,6 +18,7 @@ struct Draft {
     std::uint32_t next = 0;
     std::uint32_t other = 0; ///< split
     ByteSet first;           ///< the bytes it can begin with; NUL for the end of the text
+    ByteSet second;          ///< the bytes that can come after those
 };
 
 /// Reads @p nodes, checks them and fills everything above. The program starts with step 0. No

@@ -10,14 +10,14 @@ namespace {
 /// Sixteen bytes that are compared at once; every compiler of the library knows such vectors.
 using Block = signed char __attribute__((vector_size(16)));
 
-Block load(const unsigned char *from)
+Block load(const Byte *from)
 {
     Block block;
     std::memcpy(&block, from, sizeof block);
     return block;
 }
 
-Block filled_with(unsigned char c)
+Block filled_with(Byte c)
 {
     return Block{} + static_cast<signed char>(c);
 }
@@ -29,45 +29,66 @@ bool any(const Block &hits)
     return (halves[0] | halves[1]) != 0;
 }
 
-/// Looks for two bytes of the literal at once: for texts in which its rare byte is common.
-const unsigned char *find_by_two_bytes(const unsigned char *from, const unsigned char *end,
-                                       const unsigned char *literal, std::size_t length,
-                                       std::size_t rare)
-{
-    const std::size_t other = rare == 0 ? length - 1 : 0;
-    const Block rare_bytes = filled_with(literal[rare]);
-    const Block other_bytes = filled_with(literal[other]);
-    const auto hits = [&](const unsigned char *at) {
-        return (load(at + rare) == rare_bytes) & (load(at + other) == other_bytes);
-    };
-    const auto matches = [&](const unsigned char *at) {
-        return at[rare] == literal[rare] && std::memcmp(at, literal, length) == 0;
-    };
+/// Looks for two bytes of a literal at once: for texts in which its rare byte is common.
+class PairSearch {
+public:
+    PairSearch(const Byte *literal, std::size_t length, std::size_t rare)
+        : literal_(literal), length_(length), rare_(rare), other_(rare == 0 ? length - 1 : 0),
+          rare_bytes_(filled_with(literal[rare_])), other_bytes_(filled_with(literal[other_]))
+    {}
 
-    constexpr std::size_t kWidth = sizeof(Block);
-    const unsigned char *const last = end - length;
-    for (; static_cast<std::size_t>(end - from) >= length + 2 * kWidth; from += 2 * kWidth) {
-        if (!any(hits(from) | hits(from + kWidth)))
-            continue;
-        for (std::size_t i = 0; i < 2 * kWidth; ++i) {
-            if (matches(from + i))
+    const Byte *find(const Byte *from, const Byte *end) const
+    {
+        while (static_cast<std::size_t>(end - from) >= length_ + 2 * kWidth) {
+            const Block first = hits(from);
+            const Block second = hits(from + kWidth);
+            if (any(first | second)) {
+                if (const Byte *found = check(from, first))
+                    return found;
+                if (const Byte *found = check(from + kWidth, second))
+                    return found;
+            }
+            from += 2 * kWidth;
+        }
+        for (; static_cast<std::size_t>(end - from) >= length_; ++from) {
+            if (stands_at(from, literal_, length_))
+                return from;
+        }
+        return nullptr;
+    }
+
+private:
+    static constexpr std::size_t kWidth = sizeof(Block);
+
+    Block hits(const Byte *from) const
+    {
+        return (load(from + rare_) == rare_bytes_) & (load(from + other_) == other_bytes_);
+    }
+
+    const Byte *check(const Byte *from, const Block &hits) const
+    {
+        for (std::size_t i = 0; any(hits) && i < kWidth; ++i) {
+            if (hits[i] != 0 && std::memcmp(from + i, literal_, length_) == 0)
                 return from + i;
         }
+        return nullptr;
     }
-    for (; from <= last; ++from) {
-        if (matches(from))
-            return from;
-    }
-    return nullptr;
-}
+
+    const Byte *literal_;
+    std::size_t length_;
+    std::size_t rare_;
+    std::size_t other_;
+    Block rare_bytes_;
+    Block other_bytes_;
+};
 
 } // namespace
 
-std::size_t rare_byte(const unsigned char *literal, std::size_t length)
+std::size_t rare_byte(const Byte *literal, std::size_t length)
 {
     // From common to rare; what is missing here is rarer still.
     constexpr const char *kCommon = " etaoinsrhldcumfpgwy_./bv-k0121xjqz";
-    const auto commonness = [=](unsigned char c) {
+    const auto commonness = [=](Byte c) {
         const char *place = std::strchr(kCommon, c);
         return place == nullptr ? 0 : std::strlen(place);
     };
@@ -79,26 +100,27 @@ std::size_t rare_byte(const unsigned char *literal, std::size_t length)
     return best;
 }
 
-const unsigned char *find_literal(const unsigned char *from, const unsigned char *end,
-                                  const unsigned char *literal, std::size_t length,
-                                  std::size_t rare)
+const Byte *find_literal(const Text &text, const Byte *from, const Byte *literal,
+                         std::size_t length, std::size_t rare)
 {
-    // The fastest look-up of one byte is as good as the byte is rare in this very text.
+    // The fastest look-up of one byte is as good as the byte is rare in this very text. It needs no
+    // end of the text: where the byte is missing, the text is read once.
     constexpr std::ptrdiff_t kFalseHits = 4;
     constexpr std::ptrdiff_t kWorthwhileDistance = 64;
-    std::ptrdiff_t false_hits = 0;
-    for (const unsigned char *at = from; static_cast<std::size_t>(end - at) >= length; ++at) {
-        const std::size_t room = static_cast<std::size_t>(end - at) - length + 1;
-        const void *hit = std::memchr(at + rare, literal[rare], room);
+    const Byte *next = from;
+    for (std::ptrdiff_t hits = 1; hits < kFalseHits || next - from > hits * kWorthwhileDistance;
+         ++hits) {
+        const char *hit = std::strchr(reinterpret_cast<const char *>(next), literal[rare]);
         if (hit == nullptr)
             return nullptr;
-        at = static_cast<const unsigned char *>(hit) - rare;
-        if (std::memcmp(at, literal, length) == 0)
-            return at;
-        if (++false_hits >= kFalseHits && at - from < false_hits * kWorthwhileDistance)
-            return find_by_two_bytes(at + 1, end, literal, length, rare);
+        next = reinterpret_cast<const Byte *>(hit) + 1;
+        if (next - from > static_cast<std::ptrdiff_t>(rare) &&
+            stands_at(next - 1 - rare, literal, length))
+            return next - 1 - rare;
     }
-    return nullptr;
+    // Every place up to here was looked at, unless it is so near that its rare byte comes later.
+    const Byte *left = next - from > static_cast<std::ptrdiff_t>(rare) ? next - rare : from;
+    return PairSearch(literal, length, rare).find(left, text.end_from(next));
 }
 
 } // namespace qz::regex

@@ -2,6 +2,7 @@
 
 #include "tokens/regex_draft.h"
 #include "tokens/regex_literal.h"
+#include "tokens/regex_nodes.h"
 
 #include <algorithm>
 #include <cstring>
@@ -47,13 +48,14 @@ public:
         : nodes_(nodes, nodes + size), drafts_(read_nodes(nodes, size)), steps_(drafts_.size())
     {}
 
-    std::vector<Byte> plan();
+    std::vector<Byte> plan(bool as_compiled);
 
 private:
     void prepare_step(std::size_t index);
     void number_memos();
     void find_lead();
-    void find_literals();
+    void find_required();
+    void find_required_bytes();
     std::uint32_t rare(const Literal &literal) const;
 
     std::vector<Byte> nodes_;
@@ -63,7 +65,7 @@ private:
     Plan plan_{};
 };
 
-std::vector<Byte> Planner::plan()
+std::vector<Byte> Planner::plan(bool as_compiled)
 {
     plan_.start = drafts_[0].op == Op::kNothing ? drafts_[0].next : 0;
     plan_.slot_count = 2;
@@ -71,7 +73,9 @@ std::vector<Byte> Planner::plan()
         prepare_step(i);
     number_memos();
     find_lead();
-    find_literals();
+    // An anchored match is decided at the front: the rest of the text need not be looked through.
+    if (as_compiled && !plan_.anchored)
+        find_required();
 
     const std::size_t steps_size = steps_.size() * sizeof(Step);
     plan_.step_count = static_cast<std::uint32_t>(steps_.size());
@@ -151,12 +155,17 @@ void Planner::find_lead()
     plan_.starts_anywhere = starts.all();
     plan_.starts = tables_.add(starts);
     plan_.starts_or_end = tables_.add(starts.set(0));
+    plan_.seconds = tables_.add(lead->second);
 
     while (lead->op == Op::kSave)
         lead = &drafts_[lead->next];
     plan_.anchored = lead->op == Op::kLineStart;
+    while (plan_.anchored && (lead->op == Op::kSave || lead->op == Op::kLineStart))
+        lead = &drafts_[lead->next];
     if (lead->op == Op::kLiteral)
         plan_.prefix = lead->literal;
+    if (plan_.prefix.length > 0)
+        plan_.prefix_rare = rare(plan_.prefix);
     const Draft &after = drafts_[lead->next];
     plan_.leads_with_run =
         lead->op == Op::kStar ||
@@ -165,18 +174,32 @@ void Planner::find_lead()
         plan_.lead = tables_.add(lead->set);
 }
 
-void Planner::find_literals()
+void Planner::find_required()
 {
-    if (plan_.prefix.length > 0)
-        plan_.prefix_rare = rare(plan_.prefix);
-    // An anchored match is decided at the front: the rest of the text need not be looked through.
-    if (plan_.anchored)
-        return;
     const Literal required = required_literal(nodes_);
+    if (required.length == 0)
+        find_required_bytes();
     if (required.length == 0 || required.at == plan_.prefix.at)
         return;
     plan_.required = required;
     plan_.required_rare = rare(required);
+}
+
+/// The smallest set of which every match holds a byte.
+void Planner::find_required_bytes()
+{
+    // A large set is in most texts: looking for it costs more than it saves.
+    constexpr std::size_t kSmall = 16;
+    ByteSet best;
+    for (const std::size_t at : required_nodes(nodes_)) {
+        ByteSet set;
+        for (const Byte *member = &nodes_[at + kNodeSize]; nodes_[at] == kAnyOf && *member != 0;)
+            set.set(*member++);
+        if (set.any() && (best.none() || set.count() < best.count()))
+            best = set;
+    }
+    plan_.requires_byte = best.any() && best.count() <= kSmall;
+    plan_.required_bytes = tables_.add(best.set(0));
 }
 
 std::uint32_t Planner::rare(const Literal &literal) const
@@ -186,9 +209,9 @@ std::uint32_t Planner::rare(const Literal &literal) const
 
 } // namespace
 
-std::vector<Byte> make_plan(const Byte *nodes, std::size_t size)
+std::vector<Byte> make_plan(const Byte *nodes, std::size_t size, bool as_compiled)
 {
-    return Planner(nodes, size).plan();
+    return Planner(nodes, size).plan(as_compiled);
 }
 
 } // namespace qz::regex

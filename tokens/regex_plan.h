@@ -2,15 +2,13 @@
 #pragma once
 
 #include "tokens/regex_compile.h"
+#include "tokens/regex_text.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <vector>
 
 namespace qz::regex {
-
-/// Texts are searched as unsigned bytes; every text ends in a NUL, which no pattern can name.
-using Byte = unsigned char;
 
 /// A set of bytes: one bit in each of the 256 bytes of a table. Eight sets share a table. In a set
 /// of bytes to look ahead for, NUL stands for the end of the text.
@@ -31,7 +29,8 @@ enum class Op : std::uint8_t {
     kNothing,   ///< left out by those who point to it
 };
 
-struct Step {
+/// A power of two in size, so that a step is found by a shift.
+struct alignas(16) Step {
     Op op = Op::kNothing;
     bool all_bytes = false; ///< star: the set holds every byte
     bool exclusive = false; ///< star: nothing of the set can follow, so giving back is of no use
@@ -46,7 +45,7 @@ struct Step {
 };
 
 /// One block without pointers: this header, the steps, the set tables, a copy of the nodes.
-struct Plan {
+struct alignas(16) Plan {
     std::uint32_t step_count;
     std::uint32_t start;
     std::uint32_t memo_count;
@@ -59,12 +58,15 @@ struct Plan {
     Literal required;          ///< every match holds it and it is not the prefix; length 0 for none
     std::uint32_t prefix_rare; ///< index of the prefix's byte that texts hold least often
     std::uint32_t required_rare;
-    bool anchored;        ///< every match begins at the start of the text
-    bool starts_anywhere; ///< a match may begin with any byte, or be empty
-    bool leads_with_run;  ///< begins with a star: a failed start spoils the whole run of its set
-    SetRef lead;          ///< the set of that star
-    SetRef starts;        ///< the bytes a match can begin with
-    SetRef starts_or_end; ///< the same and NUL
+    bool anchored;         ///< every match begins at the start of the text
+    bool starts_anywhere;  ///< a match may begin with any byte, or be empty
+    bool requires_byte;    ///< every match holds a byte of required_bytes; for want of a literal
+    SetRef required_bytes; ///< and NUL
+    bool leads_with_run;   ///< begins with a star: a failed start spoils the whole run of its set
+    SetRef lead;           ///< the set of that star
+    SetRef starts;         ///< the bytes a match can begin with
+    SetRef starts_or_end;  ///< the same and NUL
+    SetRef seconds;        ///< the bytes that can come after those
 
     const Step *steps() const { return reinterpret_cast<const Step *>(this + 1); }
 
@@ -80,11 +82,12 @@ private:
     const Byte *bytes() const { return reinterpret_cast<const Byte *>(this); }
 };
 
-/// Reads the node program of @p size bytes and prepares it.
+/// Reads the node program of @p size bytes and prepares it. Only of a program @p as_compiled, which
+/// nobody wrote into since, is it known what every match must hold.
 /// @return The bytes of a Plan.
 /// @throws Refusal when the nodes are not a program compile() can have written: "memory
 /// corruption",
 ///         "corrupted pointers", "internal foulup"; std::bad_alloc.
-std::vector<Byte> make_plan(const Byte *nodes, std::size_t size);
+std::vector<Byte> make_plan(const Byte *nodes, std::size_t size, bool as_compiled);
 
 } // namespace qz::regex

@@ -57,8 +57,8 @@ bool takes_byte(const Step &step)
 
 class Simulation {
 public:
-    Simulation(const Plan &plan, const Text &text, Slots &best)
-        : plan_(plan), text_(text), best_(best), now_(plan), next_(plan)
+    Simulation(const Plan &plan, const Text &text, Starts &starts, Slots &best)
+        : plan_(plan), text_(text), starts_(starts), best_(best), now_(plan), next_(plan)
     {}
 
     bool run(const Byte *start);
@@ -77,6 +77,7 @@ private:
 
     const Plan &plan_;
     const Text &text_;
+    Starts &starts_;
     Slots &best_;
     Slots slots_{};
     Ways now_;
@@ -86,16 +87,15 @@ private:
 
 bool Simulation::run(const Byte *start)
 {
-    const Starts starts(plan_, text_);
     bool matched = false;
-    const Byte *next_start = starts.find(start);
-    for (const Byte *at = next_start; at != nullptr; ++at) {
+    const Byte *next_start = start;
+    for (const Byte *at = start;; ++at) {
         // A later start is preferred less than all that is under way.
         if (!matched && at == next_start) {
             slots_.fill(nullptr);
             slots_[0] = at;
             open(now_, plan_.start, at);
-            next_start = *at == 0 ? nullptr : starts.find(at + 1);
+            next_start = *at == 0 ? nullptr : starts_.find(at + 1);
         }
         matched |= advance(at);
         now_.clear();
@@ -204,9 +204,10 @@ void Simulation::stay(Ways &ways, std::uint32_t state, std::uint32_t step)
 
 } // namespace
 
-Outcome search_simulation(const Plan &plan, const Text &text, const Byte *&start, Slots &slots)
+bool search_simulation(const Plan &plan, const Text &text, Starts &starts, const Byte *start,
+                       Slots &slots)
 {
-    return Simulation(plan, text, slots).run(start) ? Outcome::kMatch : Outcome::kNoMatch;
+    return Simulation(plan, text, starts, slots).run(start);
 }
 
 } // namespace qz::regex
