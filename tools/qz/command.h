@@ -45,6 +45,8 @@ CLI::Option *add_words(CLI::App &command, const std::string &name, std::vector<s
 
 void add_pref_commands(CLI::App &app, Chosen &chosen);
 void add_layout_commands(CLI::App &app, Chosen &chosen);
+void add_token_commands(CLI::App &app, Chosen &chosen);
+void add_match_commands(CLI::App &app, Chosen &chosen);
 
 } // namespace qz::cli
 

@@ -81,6 +81,8 @@ int run(int argc, char **argv)
     app.footer(kFooter);
     add_pref_commands(app, chosen);
     add_layout_commands(app, chosen);
+    add_token_commands(app, chosen);
+    add_match_commands(app, chosen);
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp &) {
