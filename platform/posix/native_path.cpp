@@ -15,11 +15,17 @@ bool is_ascii_letter(char c)
 
 std::string native_path(std::string_view text)
 {
-    if (text.size() >= 2 && is_ascii_letter(text[0]) && text[1] == ':')
-        return {};
-    std::string native(text);
-    std::replace(native.begin(), native.end(), '\\', '/');
+    std::string native;
+    native_path(text, native);
     return native;
+}
+
+void native_path(std::string_view text, std::string &native)
+{
+    if (text.size() >= 2 && is_ascii_letter(text[0]) && text[1] == ':')
+        text = {};
+    native = text;
+    std::replace(native.begin(), native.end(), '\\', '/');
 }
 
 } // namespace qz::platform
