@@ -31,15 +31,107 @@ QZ_API int qzfile_initialize(void);
 QZ_API int qzfile_terminate(void);
 
 /* search path */
+/**
+ * Adds directories at the end of the search path, the one list of the process in which relative
+ * names are looked up.
+ *
+ * The first call that uses the search path fills it with "." and the list of
+ * qzfile_get_constant(2), by what the variables hold then.
+ *
+ * @param list  The directories, copied. ':' and ';' separate them, doubled or at an end as well;
+ *              but one between a single letter and a '\\' makes a drive of the letter: "C:\\a" is
+ *              one directory, "C:/a" is "C" and "/a". Each is expanded as by qzfile_dir_expand(),
+ *              then its '/' become '\\'. One that is there already, byte for byte, is dropped.
+ *
+ * @return  0  added or dropped. A directory above 1024 bytes, as written or as expanded, is left
+ *             out: "QZFILE: a directory of the search path is longer than %d bytes: \"%.200s\"\n"
+ *             with 1024 and the text as written. A home or computed directory that is not found
+ *             stands for nothing, as its function reports. (All QZERR_WARNING.)
+ *         -1  @p list is null or "": "QZFILE: empty string was given as a search path\n"
+ *             (QZERR_WARNING); or memory is out.
+ */
 QZ_API int qzfile_path_add(const char *list);
+
+/**
+ * Replaces the search path: qzfile_path_clear(), then qzfile_path_add().
+ *
+ * @param list  The directories, copied; written as for qzfile_path_add().
+ * @return as qzfile_path_add(); the search path is then empty where that adds nothing.
+ */
 QZ_API int qzfile_path_set(const char *list);
+
+/** Empties the search path.
+ *  @return 0; -1 when it cannot be made for want of memory. */
 QZ_API int qzfile_path_clear(void);
+
+/**
+ * Adds what is the working directory now to the search path, as the system spells it; one that is
+ * there already is dropped.
+ *
+ * @return 0; -1 when the directory cannot be had, as qzfile_dir_current_get() reports.
+ */
 QZ_API int qzfile_path_add_cwd(void);
+
+/**
+ * Adds the user's home to the search path, as halcyra::path::home() spells it; one that is there
+ * already is dropped.
+ *
+ * @return 0; -1 when memory is out.
+ */
 QZ_API int qzfile_path_add_home(void);
+
+/**
+ * The search path as a list that qzfile_path_set() reads.
+ *
+ * @param[out] out  The directories with ':' between them, "" for none; released by the caller with
+ *                  free().
+ * @return 0; -1 when memory is out.
+ */
 QZ_API int qzfile_path_get(char **out);
+
+/**
+ * Prints the search path: a line with its number, which is 0, and one for each directory that tells
+ * whether it was added as working directory or as home.
+ *
+ * @param stream  Where to print.
+ * @return 0; -1 when @p stream is null.
+ */
 QZ_API int qzfile_path_print(FILE *stream);
+
+/**
+ * Whether a file or directory can be found: an absolute name where it says, any other in one of the
+ * directories of the search path. A link counts as what it points to.
+ *
+ * @param name  The name; it is not expanded. "" is the directories themselves.
+ * @param type  0 for a regular file, 1 for a directory; nothing is of any other type.
+ *
+ * @return  0  found;
+ *         -1  not found, or null (no message);
+ *         -1  @p name is relative and the search path empty, "QZFILE: there are no directories in
+ *             the search path\n" (QZERR_FATAL).
+ */
 QZ_API int qzfile_exists(const char *name, int type);
+
+/**
+ * Whether a path is that of a file or directory; nothing is searched or expanded.
+ *
+ * @param path  The path; a relative one begins in the working directory.
+ * @param type  0 for a regular file, 1 for a directory; nothing is of any other type.
+ * @return 0 it is; -1 it is not, or @p path is null. Any number of threads may call it while nobody
+ *         changes the working directory.
+ */
 QZ_API int qzfile_file_exists(const char *path, int type);
+
+/**
+ * Finds a file or directory as qzfile_exists() does.
+ *
+ * @param name      The name.
+ * @param type      0 for a regular file, 1 for a directory.
+ * @param[out] out  The path, released by the caller with free(): @p name when that is absolute,
+ * else the first directory that has it, one '\\' even where the directory ends in a separator, and
+ * @p name: ".\\x.dat". Null unless 0 is returned.
+ * @return as qzfile_exists().
+ */
 QZ_API int qzfile_find(const char *name, int type, char **out);
 
 /**
@@ -75,10 +167,73 @@ QZ_API int qzfile_path_to_unix(char *path, int size);
  *  @return 92 */
 QZ_API char qzfile_get_filesep_char(void);
 
+/**
+ * A fixed text of the search path.
+ *
+ * @param index  0 the file separator, 1 the separator of lists, 2 to 9 the list of one product's
+ *               data directories, for qzfile_path_add(): 2 the shared components, 3 atelio,
+ *               4 korvel, 5 brevix, 6 hesprin, 7 lumetra, 8 ostrine, 9 dolmire.
+ * @return the text, borrowed until the process ends; null for any other index. Any number of
+ *         threads may call it.
+ */
 QZ_API const char *qzfile_get_constant(int index);
+
 /* open files */
+/**
+ * Opens a file and enters it in the table of open files, which holds 100.
+ *
+ * A name that begins at a root or names a drive is opened as it is. Any other is looked up on the
+ * search path when @p mode holds an 'r', and else lies in the working directory. That directory
+ * does not change meanwhile.
+ *
+ * @param name      The name; it is not expanded.
+ * @param[out] out  The stream, released by the caller with qzfile_close(); null unless 0 is
+ *                  returned.
+ * @param mode      The mode for fopen. The table keeps its first 15 characters.
+ *
+ * @return  0  opened;
+ *         -1  100 files are open, "QZFILE: attempt to have more than %d files open at once\n"
+ *             (QZERR_FATAL);
+ *         -1  a name to read is no file on the search path, "QZFILE: file not found in search path:
+ *             \"%s\"\n" (QZERR_INFO); qzfile_exists() may report before;
+ *         -1  the name is longer than 255 bytes or its directory than 1023: "QZFILE: file name or
+ *             directory too long: \"%s\"\n" (QZERR_INFO). The file is as it was;
+ *         -1  the file cannot be opened, "QZFILE: unable to open file (%s): \"%s\"\n" with mode and
+ *             name when @p mode holds an 'r', else "QZFILE: unable to open file for reading:
+ *             \"%s\"\n" whatever the mode (QZERR_INFO);
+ *         -1  a name to read is found and the working directory cannot be had, as
+ *             qzfile_dir_current_get() reports.
+ */
 QZ_API int qzfile_open(const char *name, FILE **out, const char *mode);
+
+/**
+ * Closes a file of qzfile_open() and forgets it. A stream that is closed in another way keeps its
+ * place in the table.
+ *
+ * @param stream  The stream, taken over.
+ *
+ * @return  0  closed. What the system could not write is told by fflush() before;
+ *         -1  the stream is not in the table: it stays open (no message);
+ *         -1  @p stream is null, "QZFILE: null file pointer\n" (QZERR_FATAL).
+ */
 QZ_API int qzfile_close(FILE *stream);
+
+/**
+ * Where a file of qzfile_open() lies: its directory, one '\\' and its name.
+ *
+ * The directory is that of an absolute name with '\\' as its separator, the search path's own for
+ * a name found there ("." for the working directory), and else the working directory of that time.
+ *
+ * @param stream    The stream.
+ * @param[out] buf  Receives the path; "" unless 0 is returned.
+ * @param size      Bytes of @p buf.
+ *
+ * @return  0  told;
+ *         -1  @p stream is null, "QZFILE: null file pointer\n"; or not in the table, "QZFILE: file
+ *             pointer does not match any open files\n";
+ *         -1  the path and its end need more than @p size bytes or @p buf is null, "QZFILE: buffer
+ *             too small for intended use\n" (all QZERR_FATAL).
+ */
 QZ_API int qzfile_file_get_path(FILE *stream, char *buf, size_t size);
 
 /**
@@ -323,14 +478,92 @@ QZ_API int qzfile_close_directory(int handle);
 QZ_API int qzfile_rm_recursive(const char *path);
 
 /* line endings */
+/**
+ * Whether a file's first line holds a carriage return. The first 1023 bytes of the line are
+ * examined, and nothing behind a NUL: what begins with a NUL is no text.
+ *
+ * @param path  The file; a relative path begins in the working directory.
+ * @return 0 it does; -1 it does not, or the file cannot be read or is null (no message).
+ */
 QZ_API int qzfile_is_dosfile(const char *path);
+
+/**
+ * Ends the lines of a file with bare line feeds.
+ *
+ * Nothing is done unless qzfile_exists() finds @p path as a file and qzfile_is_dosfile() takes it
+ * for one. Then each line is cut at its last carriage return; what follows that within the line
+ * goes. A line longer than 1023 bytes counts as lines of 1023 bytes, of which those without a
+ * carriage return stay. NULs stay.
+ *
+ * The result is written beside the file as @p path and ".tmp" and takes its place in one step, with
+ * its permissions: a failure leaves the file as it was and no ".tmp". A link goes on to name the
+ * file, beside which the result is written then.
+ *
+ * @param path  The file; a relative path begins in the working directory, also when the file is
+ *              found on the search path.
+ *
+ * @return  0  converted, or nothing was to be done;
+ *         -1  "qzfile_dos_to_unix():Failed to open '%s' for reading.\n";
+ *         -1  "qzfile_dos_to_unix():Failed to open '%s' for writing.\n" with the ".tmp": it cannot
+ *             be made, or something of that name is there, which is kept;
+ *         -1  "qzfile_dos_to_unix():Failed to rename the converted file '%s' to '%s'.\n": it
+ *             cannot be read or written to its end, or does not take the place;
+ *         -1  "qzfile_dos_to_unix():Failed to allocate memory for path '%s'.\n" (all QZERR_FATAL).
+ */
 QZ_API int qzfile_dos_to_unix(const char *path);
+
+/**
+ * Registers a file for qzfile_dos_to_unix_convert().
+ *
+ * @param path  The file, copied. One that is registered already and one beyond the fiftieth are
+ *              left out.
+ *
+ * @return  0  registered or left out;
+ *         -1  @p path is null (no message), or "qzfile_dos_to_unix_register():Failed to allocate
+ *             memory for path '%s'.\n" (QZERR_FATAL).
+ */
 QZ_API int qzfile_dos_to_unix_register(const char *path);
+
+/**
+ * Converts the registered files as qzfile_dos_to_unix() does, in order and with '\\' as their
+ * separator, and forgets them.
+ *
+ * @return  0  each is converted, or there was nothing to do;
+ *         -1  one or more failed: after its own message, "qzfile_dos_to_unix_convert():'%s' is not
+ * a dos file.\nWill continue with the remaining files in the list, if any.\n" (QZERR_WARNING).
+ */
 QZ_API int qzfile_dos_to_unix_convert(void);
+
 /* digests */
+/**
+ * The MD5 digest of a file.
+ *
+ * @param[out] digest  Receives the 16 bytes; all zero unless 0 is returned.
+ * @param path         The file as the system spells it: nothing is translated or searched.
+ * @return 0; 1 when the file cannot be opened or read to its end, or is null (no message). Any
+ *         number of threads may call it.
+ */
 QZ_API int qzfile_md5_file(unsigned char digest[16], const char *path);
+
+/**
+ * The MD5 digest of what is left of standard input, which stays open. An error ends it as its end
+ * does; ferror() tells.
+ *
+ * @param[out] digest  Receives the 16 bytes.
+ * @return 0
+ */
 QZ_API int qzfile_md5_filter(unsigned char digest[16]);
+
+/**
+ * The MD5 digest of a text without its NUL.
+ *
+ * @param[out] digest  Receives the 16 bytes; all zero unless 1 is returned.
+ * @param text         The text.
+ * @return 1, unlike the digest of a file; 0 when @p text is null. Any number of threads may call
+ * it.
+ */
 QZ_API int qzfile_md5_string(unsigned char digest[16], const char *text);
+
 /* installation layout */
 /**
  * Finds the directory of a product in the installation root, the value of HALCYRA: the first of its

@@ -13,6 +13,9 @@ constexpr int kMessageBytes = 1024;
 /// @return -1, the code of a failed call.
 int fail(const char *format, ...) QZ_PRINTF_FORMAT(1, 2);
 
+/// The same for a failure of another level than a warning.
+int fail_at(unsigned level, const char *format, ...) QZ_PRINTF_FORMAT(2, 3);
+
 } // namespace qz::file
 
 #endif

@@ -9,11 +9,6 @@ namespace qz::file {
 
 namespace {
 
-bool is_ascii_letter(char c)
-{
-    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-}
-
 int replace_all(char *path, int size_bytes, char from, char to)
 {
     if (!path || !*path || size_bytes < 2)
@@ -28,7 +23,7 @@ bool is_absolute(std::string_view path)
 {
     if (path.empty())
         return false;
-    return is_separator(path[0]) || (path.size() > 1 && is_ascii_letter(path[0]) && path[1] == ':');
+    return is_separator(path[0]) || (path.size() > 1 && is_drive_letter(path[0]) && path[1] == ':');
 }
 
 std::string localized(std::string path)

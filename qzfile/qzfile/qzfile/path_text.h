@@ -15,6 +15,12 @@ constexpr bool is_separator(char c)
     return c == '\\' || c == '/';
 }
 
+/// Whether a letter may name a drive.
+constexpr bool is_drive_letter(char c)
+{
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+
 /// Whether a path begins at a root or names a drive ("C:x" counts).
 bool is_absolute(std::string_view path);
 
