@@ -2,6 +2,7 @@
 #define QZ_PLATFORM_FILE_H
 
 #include <cstdio>
+#include <string>
 #include <string_view>
 
 namespace qz::platform {
@@ -11,13 +12,13 @@ namespace qz::platform {
 std::FILE *qzwin32_fopen(std::string_view path, const char *mode);
 
 /// Creates a file with the owner, as far as the user may give it away, and the permissions of the
-/// file @p model. Nothing that is there already is opened.
-/// @return the binary stream to write, or null with errno set; EEXIST when @p path names something.
-std::FILE *create_file_like(std::string_view path, std::string_view model);
+/// file @p native_model. Nothing that is there already is opened.
+/// @return the binary stream, or null with errno set; EEXIST when @p native_path names something.
+std::FILE *create_file_like(const std::string &native_path, const std::string &native_model);
 
-/// Puts @p from in the place of @p to in one step; @p to may be absent.
+/// Puts one file in the place of another, which may be absent, in one step.
 /// @return 0 or an errno value.
-int replace_file(std::string_view from, std::string_view to);
+int replace_file(const std::string &native_from, const std::string &native_to) noexcept;
 
 } // namespace qz::platform
 

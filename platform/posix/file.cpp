@@ -39,30 +39,29 @@ std::FILE *qzwin32_fopen(std::string_view path, const char *mode)
     return stream;
 }
 
-std::FILE *create_file_like(std::string_view path, std::string_view model)
+std::FILE *create_file_like(const std::string &native_path, const std::string &native_model)
 {
-    struct stat info {};
+    struct stat model {};
 
-    if (::stat(native_path(model).c_str(), &info) != 0)
+    if (::stat(native_model.c_str(), &model) != 0)
         return nullptr;
-    const std::string native = native_path(path);
     const int fd =
-        ::open(native.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
+        ::open(native_path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
     if (fd < 0)
         return nullptr;
-    std::FILE *stream = take_over(fd, info) == 0 ? ::fdopen(fd, "wb") : nullptr;
+    std::FILE *stream = take_over(fd, model) == 0 ? ::fdopen(fd, "wb") : nullptr;
     if (!stream) {
         const int cause = errno;
         ::close(fd);
-        ::unlink(native.c_str());
+        ::unlink(native_path.c_str());
         errno = cause;
     }
     return stream;
 }
 
-int replace_file(std::string_view from, std::string_view to)
+int replace_file(const std::string &native_from, const std::string &native_to) noexcept
 {
-    return std::rename(native_path(from).c_str(), native_path(to).c_str()) == 0 ? 0 : errno;
+    return std::rename(native_from.c_str(), native_to.c_str()) == 0 ? 0 : errno;
 }
 
 } // namespace qz::platform

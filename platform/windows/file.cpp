@@ -15,18 +15,17 @@ namespace qz::platform {
 
 namespace {
 
-/// Gives @p path the access list of @p model. A user who may not read or set it leaves the one that
-/// the directory hands down.
-void take_over(const std::string &path, const std::string &model)
+constexpr SECURITY_INFORMATION kAccessList = DACL_SECURITY_INFORMATION;
+
+/// The access list of a file; empty when the user may not read it.
+std::vector<unsigned char> access_list(const std::string &native_path)
 {
-    constexpr SECURITY_INFORMATION kAccessList = DACL_SECURITY_INFORMATION;
     DWORD size_bytes = 0;
-    GetFileSecurityA(model.c_str(), kAccessList, nullptr, 0, &size_bytes);
-    if (size_bytes == 0)
-        return;
-    std::vector<unsigned char> descriptor(size_bytes);
-    if (GetFileSecurityA(model.c_str(), kAccessList, descriptor.data(), size_bytes, &size_bytes))
-        SetFileSecurityA(path.c_str(), kAccessList, descriptor.data());
+    GetFileSecurityA(native_path.c_str(), kAccessList, nullptr, 0, &size_bytes);
+    std::vector<unsigned char> list(size_bytes);
+    if (!GetFileSecurityA(native_path.c_str(), kAccessList, list.data(), size_bytes, &size_bytes))
+        list.clear();
+    return list;
 }
 
 } // namespace
@@ -36,28 +35,30 @@ std::FILE *qzwin32_fopen(std::string_view path, const char *mode)
     return std::fopen(native_path(path).c_str(), mode);
 }
 
-std::FILE *create_file_like(std::string_view path, std::string_view model)
+std::FILE *create_file_like(const std::string &native_path, const std::string &native_model)
 {
-    const std::string native = native_path(path);
+    std::vector<unsigned char> list = access_list(native_model);
     const int fd =
-        ::_open(native.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT,
+        ::_open(native_path.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT,
                 _S_IREAD | _S_IWRITE);
     if (fd < 0)
         return nullptr;
-    take_over(native, native_path(model));
+    // A user who may not set it leaves the list that the directory hands down.
+    if (!list.empty())
+        SetFileSecurityA(native_path.c_str(), kAccessList, list.data());
     std::FILE *stream = ::_fdopen(fd, "wb");
     if (!stream) {
         const int cause = errno;
         ::_close(fd);
-        ::_unlink(native.c_str());
+        ::_unlink(native_path.c_str());
         errno = cause;
     }
     return stream;
 }
 
-int replace_file(std::string_view from, std::string_view to)
+int replace_file(const std::string &native_from, const std::string &native_to) noexcept
 {
-    if (MoveFileExA(native_path(from).c_str(), native_path(to).c_str(), MOVEFILE_REPLACE_EXISTING))
+    if (MoveFileExA(native_from.c_str(), native_to.c_str(), MOVEFILE_REPLACE_EXISTING))
         return 0;
     return errno_from_windows(GetLastError());
 }

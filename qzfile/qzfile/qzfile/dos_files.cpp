@@ -1,4 +1,3 @@
-#include "platform/directory_calls.h"
 #include "platform/file.h"
 #include "platform/file_stamp.h"
 #include "platform/native_path.h"
@@ -10,11 +9,12 @@
 #include "qzfile/qzfile/qzfile/lookup.h"
 #include "qzfile/qzfile/qzfile/stream.h"
 
-#include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <memory>
 #include <new>
 #include <string>
+#include <utility>
 
 using namespace qz::file;
 using qz::platform::qzwin32_fopen;
@@ -24,11 +24,13 @@ namespace {
 /// What is read at a time. It stays in the processor's cache between reading and writing.
 constexpr std::size_t kBlockBytes = std::size_t{256} << 10;
 
-/// A file being written beside another, gone again unless it takes that one's place.
+/// A file being written beside another, gone again unless it takes that one's place. Once it is
+/// there, nothing needs memory.
 class SideFile {
 public:
-    SideFile(const std::string &path, const std::string &target)
-        : path_(path), target_(target), stream_(qz::platform::create_file_like(path, target))
+    SideFile(std::string native_path, std::string native_target)
+        : path_(std::move(native_path)), target_(std::move(native_target)),
+          stream_(qz::platform::create_file_like(path_, target_))
     {
         // It is written in blocks, which need no buffer between.
         if (stream_)
@@ -64,21 +66,13 @@ private:
     void discard()
     {
         stream_.reset();
-        qz::platform::remove_file(path_);
+        std::remove(path_.c_str());
     }
 
     const std::string path_;
     const std::string target_;
     Stream stream_;
 };
-
-/// The file behind a link, which the link goes on to name; any other path itself.
-std::string linked_file(const std::string &path)
-{
-    const std::string native = qz::platform::native_path(path);
-    const std::string target = qz::platform::link_target(native);
-    return target == native ? path : target;
-}
 
 bool convert(std::FILE *source, SideFile &result, char *block)
 {
@@ -101,17 +95,19 @@ bool convert(std::FILE *source, SideFile &result, char *block)
 
 int convert_file(const char *path)
 {
-    const std::string file = linked_file(path);
-    const std::string side_path = file + ".tmp";
+    // Beside the file that a link names, so that the link goes on to name it.
+    const std::string native = qz::platform::native_path(path);
+    const std::string file = qz::platform::link_target(native);
+    const std::string side_path = (file == native ? path : file) + ".tmp";
     const auto block = std::make_unique<char[]>(kBlockBytes);
 
-    Stream source(qzwin32_fopen(file, "rb"));
+    Stream source(qzwin32_fopen(path, "rb"));
     if (!source)
         return fail_at(QZERR_FATAL, "qzfile_dos_to_unix():Failed to open '%s' for reading.\n",
                        path);
     std::setvbuf(source.get(), nullptr, _IONBF, 0);
     // A file that the user keeps under this name stays: it is an obstacle and not a leftover.
-    SideFile result(side_path, file);
+    SideFile result(file + ".tmp", file);
     if (!result.is_open())
         return fail_at(QZERR_FATAL, "qzfile_dos_to_unix():Failed to open '%s' for writing.\n",
                        side_path.c_str());
@@ -124,16 +120,12 @@ int convert_file(const char *path)
                    side_path.c_str(), path);
 }
 
-int convert_dos_file(const char *path)
+bool is_dos_file(const char *path)
 {
-    if (!look_up(path, kRegularFile).is_found || qzfile_is_dosfile(path) != 0)
-        return 0;
-    try {
-        return convert_file(path);
-    } catch (const std::bad_alloc &) {
-        return fail_at(QZERR_FATAL,
-                       "qzfile_dos_to_unix():Failed to allocate memory for path '%s'.\n", path);
-    }
+    const Stream stream(qzwin32_fopen(path, "rb"));
+    char line[kPieceBytes + 1];
+    // Up to a NUL: a first line that holds one is no text, and is best left alone.
+    return stream && std::fgets(line, sizeof line, stream.get()) && std::strchr(line, '\r');
 }
 
 } // namespace
@@ -142,19 +134,20 @@ int qzfile_is_dosfile(const char *path)
 {
     if (!path)
         return -1;
-    return guarded(-1, [&] {
-        const Stream stream(qzwin32_fopen(path, "rb"));
-        char line[kPieceBytes + 1];
-        if (!stream || !std::fgets(line, sizeof line, stream.get()))
-            return -1;
-        // Up to a NUL: a first line that holds one is no text, and is best left alone.
-        return std::strchr(line, '\r') ? 0 : -1;
-    });
+    return guarded(-1, [&] { return is_dos_file(path) ? 0 : -1; });
 }
 
 int qzfile_dos_to_unix(const char *path)
 {
     if (!path)
         return 0;
-    return guarded(-1, [&] { return convert_dos_file(path); });
+    return guarded(-1, [&] {
+        try {
+            const bool has_work = look_up(path, kRegularFile).is_found && is_dos_file(path);
+            return has_work ? convert_file(path) : 0;
+        } catch (const std::bad_alloc &) {
+            return fail_at(QZERR_FATAL,
+                           "qzfile_dos_to_unix():Failed to allocate memory for path '%s'.\n", path);
+        }
+    });
 }
