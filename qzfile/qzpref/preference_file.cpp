@@ -51,11 +51,7 @@ QZpref_Err read_document(const QString &path, Document &document)
         return QZPREF_ACCESS_ERROR;
     if (text.isEmpty())
         return QZPREF_SUCCESS_;
-    const bool well_formed =
-        read_preferences(text, [&document](const std::string &key, const KeyRecord &record) {
-            document.append(key, record);
-        });
-    return well_formed ? QZPREF_SUCCESS_ : QZPREF_FORMAT_ERROR;
+    return read_preferences(text, document) ? QZPREF_SUCCESS_ : QZPREF_FORMAT_ERROR;
 }
 
 std::shared_ptr<PreferenceFile> PreferenceFile::at(const QString &path)

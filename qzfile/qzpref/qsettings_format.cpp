@@ -39,10 +39,11 @@ KeyRecord from_variant_map(const QVariantMap &map)
 
 bool readXmlFile(QIODevice &device, QSettings::SettingsMap &map)
 {
-    return qz::pref::read_preferences(
-        device.readAll(), [&map](const std::string &key, const KeyRecord &record) {
-            map.insert(map.cend(), to_qstring(key), to_variant_map(record));
-        });
+    qz::pref::Document document;
+    const bool well_formed = qz::pref::read_preferences(device.readAll(), document);
+    for (const auto &[key, record] : document.entries())
+        map.insert(to_qstring(key), to_variant_map(record));
+    return well_formed;
 }
 
 bool write_xml_file(QIODevice &device, const QSettings::SettingsMap &map)

@@ -1,5 +1,7 @@
 #include "qzfile/qzpref/xml_reader.h"
 
+#include "qzfile/qzpref/plain_reader.h"
+
 #include <QDebug>
 #include <QXmlStreamReader>
 
@@ -44,8 +46,8 @@ std::string to_utf8(QStringView text)
 /// Turns the tokens of the document into keys and records.
 class PreferenceParser {
 public:
-    PreferenceParser(const QByteArray &text, const KeySink &sink)
-        : xml_(text), sink_(sink),
+    PreferenceParser(const QByteArray &text, Document &document)
+        : xml_(text), document_(document),
           key_bytes_left_(kKeyBytesAllowed +
                           kKeyBytesPerByteOfText * static_cast<std::size_t>(text.size()))
     {}
@@ -127,11 +129,11 @@ private:
         }
         key_bytes_left_ -= key_.size();
         record_.set_value(to_utf8(xml_.text()));
-        sink_(key_, record_);
+        document_.append(key_, record_);
     }
 
     QXmlStreamReader xml_;
-    const KeySink &sink_;
+    Document &document_;
     std::string key_;                 // entries of all open elements, joined with '/'
     std::vector<std::size_t> starts_; // where each open element's entry begins in key_
     std::string pending_comment_;
@@ -141,9 +143,17 @@ private:
 
 } // namespace
 
-bool read_preferences(const QByteArray &text, const KeySink &sink)
+bool read_xml(const QByteArray &text, Document &document)
 {
-    return PreferenceParser(text, sink).run();
+    return PreferenceParser(text, document).run();
+}
+
+bool read_preferences(const QByteArray &text, Document &document)
+{
+    if (read_plain({text.constData(), static_cast<std::size_t>(text.size())}, document))
+        return true;
+    document = Document();
+    return read_xml(text, document);
 }
 
 } // namespace qz::pref
