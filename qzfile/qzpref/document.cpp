@@ -1,11 +1,14 @@
 #include "qzfile/qzpref/document.h"
 
+#include <absl/hash/hash.h>
+
 #include <algorithm>
 
 namespace qz::pref {
 
 namespace {
 
+constexpr std::uint32_t kNoEntry = 0;
 constexpr std::string_view kSuffixStart = ":os=";
 constexpr unsigned char kFirstAboveSurrogates = 0xEE; // lead byte of U+E000 in UTF-8
 constexpr unsigned char kFirstSupplementary = 0xF0;   // lead byte of U+10000
@@ -43,19 +46,63 @@ bool KeyOrder::operator()(std::string_view a, std::string_view b) const
     return ca < cb;
 }
 
+std::size_t Document::Hash::operator()(std::string_view base) const
+{
+    return absl::Hash<std::string_view>()(base);
+}
+
+std::size_t Document::Hash::operator()(std::uint32_t id) const
+{
+    return (*this)(base_key((*entries)[id].key));
+}
+
+bool Document::Equal::operator()(std::uint32_t a, std::uint32_t b) const
+{
+    return a == b || (*this)(a, base_key((*entries)[b].key));
+}
+
+bool Document::Equal::operator()(std::uint32_t id, std::string_view base) const
+{
+    return base_key((*entries)[id].key) == base;
+}
+
+Document::Document()
+    : entries_(std::make_unique<Entries>(1)),
+      preferences_(0, Hash{entries_.get()}, Equal{entries_.get()})
+{}
+
+std::uint32_t Document::first_of(std::string_view base) const
+{
+    const auto found = preferences_.find(base);
+    return found == preferences_.end() ? kNoEntry : *found;
+}
+
+std::uint32_t Document::id_of(std::string_view key) const
+{
+    std::uint32_t id = first_of(base_key(key));
+    while (id != kNoEntry && (*entries_)[id].key != key)
+        id = (*entries_)[id].next_variant;
+    return id;
+}
+
 const KeyRecord *Document::find(std::string_view key) const
 {
-    const auto found = entries_.find(key);
-    return found == entries_.end() ? nullptr : &found->second;
+    const std::uint32_t id = id_of(key);
+    return id == kNoEntry ? nullptr : &(*entries_)[id].record;
 }
 
 Variants Document::variants(std::string_view key) const
 {
-    if (key.find(':') == std::string_view::npos) {
-        const auto found = variants_.find(key);
-        return found == variants_.end() ? Variants() : found->second;
-    }
     Variants result;
+    if (key.find(':') == std::string_view::npos) {
+        for (std::uint32_t id = first_of(key); id != kNoEntry;) {
+            const Entry &entry = (*entries_)[id];
+            if (entry.variant >= 0)
+                result.records_[static_cast<std::size_t>(entry.variant)] = &entry.record;
+            id = entry.next_variant;
+        }
+        return result;
+    }
     result.records_[0] = find(key);
     for (int i = QZPREF_PLATFORM_NONE; i <= QZPREF_PLATFORM_DARWIN; ++i) {
         result.records_[static_cast<std::size_t>(i) + 1] =
@@ -64,65 +111,121 @@ Variants Document::variants(std::string_view key) const
     return result;
 }
 
-void Document::index(Entries::const_iterator entry)
+std::uint32_t Document::make_entry(std::string_view key)
 {
-    const std::string_view base = base_key(entry->first);
-    const int place = variant_index(std::string_view(entry->first).substr(base.size()));
-    if (place >= 0)
-        variants_[base].records_[static_cast<std::size_t>(place)] = &entry->second;
-}
-
-void Document::unindex(Entries::const_iterator entry)
-{
-    const std::string_view base = base_key(entry->first);
-    const int place = variant_index(std::string_view(entry->first).substr(base.size()));
-    if (place < 0)
-        return;
-    // The index may have borrowed its name from this entry, so the others lend it theirs.
-    const auto indexed = variants_.find(base);
-    Variants rest = indexed->second;
-    rest.records_[static_cast<std::size_t>(place)] = nullptr;
-    variants_.erase(indexed);
-    for (std::size_t i = 0; i < rest.records_.size(); ++i) {
-        if (!rest.records_[i])
-            continue;
-        const auto lender =
-            i == 0 ? entries_.find(base)
-                   : entries_.find(suffixed_key(base, static_cast<QZPREF_PLATFORM>(i - 1)));
-        variants_.emplace(base_key(lender->first), rest);
-        return;
+    std::uint32_t id = 0;
+    if (free_.empty()) {
+        id = static_cast<std::uint32_t>(entries_->size());
+        entries_->emplace_back();
+    } else {
+        id = free_.back();
+        free_.pop_back();
     }
-}
-
-KeyRecord &Document::set(std::string_view key, KeyRecord record)
-{
-    const auto found = entries_.lower_bound(key);
-    if (found != entries_.end() && found->first == key) {
-        found->second = std::move(record);
-        return found->second;
+    Entry &entry = (*entries_)[id];
+    entry.key.assign(key);
+    const std::string_view base = base_key(key);
+    entry.variant = static_cast<std::int8_t>(variant_index(key.substr(base.size())));
+    const auto [first, is_new] = preferences_.insert(id);
+    if (!is_new) {
+        Entry &head = (*entries_)[*first];
+        entry.next_variant = head.next_variant;
+        head.next_variant = id;
     }
-    const auto added = entries_.emplace_hint(found, key, std::move(record));
-    index(added);
-    return added->second;
+    return id;
 }
 
-void Document::append(std::string_view key, KeyRecord record)
+void Document::set(std::string_view key, KeyRecord record)
 {
-    if (!entries_.empty() && !KeyOrder()(std::prev(entries_.end())->first, key)) {
-        set(key, std::move(record));
-        return;
+    std::uint32_t id = id_of(key);
+    if (id == kNoEntry) {
+        id = make_entry(key);
+        // A file comes in order, so most keys go behind all others.
+        if (unordered_.empty() && (order_.empty() || comes_before(order_.back(), id)))
+            order_.push_back(id);
+        else
+            unordered_.push_back(id);
     }
-    index(entries_.emplace_hint(entries_.end(), key, std::move(record)));
+    (*entries_)[id].record = std::move(record);
 }
 
-bool Document::remove(std::string_view key)
+void Document::unlink(std::uint32_t id)
 {
-    const auto entry = entries_.find(key);
-    if (entry == entries_.end())
-        return false;
-    unindex(entry);
-    entries_.erase(entry);
-    return true;
+    Entry &entry = (*entries_)[id];
+    const std::uint32_t first = first_of(base_key(entry.key));
+    if (first == id) {
+        preferences_.erase(id);
+        if (entry.next_variant != kNoEntry)
+            preferences_.insert(entry.next_variant);
+    } else {
+        std::uint32_t before = first;
+        while ((*entries_)[before].next_variant != id)
+            before = (*entries_)[before].next_variant;
+        (*entries_)[before].next_variant = entry.next_variant;
+    }
+    entry = Entry();
+    free_.push_back(id);
+}
+
+std::size_t Document::remove(const std::vector<std::string> &keys)
+{
+    settle();
+    std::vector<std::uint32_t> doomed;
+    for (const std::string &key : keys) {
+        if (const std::uint32_t id = id_of(key))
+            doomed.push_back(id);
+    }
+    if (doomed.size() == 1) {
+        const std::size_t place = lower_bound((*entries_)[doomed[0]].key);
+        order_.erase(order_.begin() + static_cast<std::ptrdiff_t>(place));
+    } else if (!doomed.empty()) {
+        std::sort(doomed.begin(), doomed.end());
+        doomed.erase(std::unique(doomed.begin(), doomed.end()), doomed.end());
+        order_.erase(std::remove_if(order_.begin(), order_.end(),
+                                    [&](std::uint32_t id) {
+                                        return std::binary_search(doomed.begin(), doomed.end(), id);
+                                    }),
+                     order_.end());
+    }
+    for (const std::uint32_t id : doomed)
+        unlink(id);
+    return doomed.size();
+}
+
+bool Document::comes_before(std::uint32_t a, std::uint32_t b) const
+{
+    return KeyOrder()((*entries_)[a].key, (*entries_)[b].key);
+}
+
+void Document::settle()
+{
+    const auto before = [this](std::uint32_t a, std::uint32_t b) { return comes_before(a, b); };
+    // A handful finds its places one by one; for more it pays to look at every key once.
+    constexpr std::size_t kHandful = 16;
+    if (unordered_.size() <= kHandful) {
+        for (const std::uint32_t id : unordered_)
+            order_.insert(std::lower_bound(order_.begin(), order_.end(), id, before), id);
+    } else {
+        std::sort(unordered_.begin(), unordered_.end(), before);
+        const auto middle = static_cast<std::ptrdiff_t>(order_.size());
+        order_.insert(order_.end(), unordered_.begin(), unordered_.end());
+        std::inplace_merge(order_.begin(), order_.begin() + middle, order_.end(), before);
+    }
+    unordered_.clear();
+}
+
+std::size_t Document::lower_bound(std::string_view key) const
+{
+    const auto found = std::lower_bound(order_.begin(), order_.end(), key,
+                                        [this](std::uint32_t id, std::string_view wanted) {
+                                            return KeyOrder()((*entries_)[id].key, wanted);
+                                        });
+    return static_cast<std::size_t>(found - order_.begin());
+}
+
+const std::string *Document::first_from(std::string_view key) const
+{
+    const std::size_t place = lower_bound(key);
+    return place == order_.size() ? nullptr : &(*entries_)[order_[place]].key;
 }
 
 std::string suffixed_key(std::string_view key, QZPREF_PLATFORM platform)

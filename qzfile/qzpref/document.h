@@ -3,12 +3,15 @@
 
 #include "qzfile/qzpref/key_record.h"
 
-#include <absl/container/flat_hash_map.h>
+#include <absl/container/flat_hash_set.h>
 
 #include <array>
-#include <map>
+#include <cstdint>
+#include <deque>
+#include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace qz::pref {
 
@@ -43,23 +46,33 @@ private:
     std::array<const KeyRecord *, 5> records_{}; ///< for all, then indexed by QZPREF_PLATFORM
 };
 
-/// All keys of one preference file, in order, with their records.
+/// All keys of one preference file with their records.
 ///
 /// Keys are full paths in UTF-8, a platform suffix included. A lookup costs the same at 100 and at
-/// 100,000 keys. Not locked: whoever shares a document guards it.
+/// 100,000 keys, and so does a change; the order is made good by settle() when a listing wants it.
+/// Not locked: whoever shares a document guards it. A settled one may be read by all.
 class Document {
 public:
-    using Entries = std::map<std::string, KeyRecord, KeyOrder>;
+    struct Entry {
+        std::string key;
+        KeyRecord record;
 
-    Document() = default;
+    private:
+        friend class Document;
+        std::uint32_t next_variant = 0; // next entry of the same preference, 0 for none
+        std::int8_t variant = -1;       // place among its Variants, -1 when no lookup asks for it
+    };
+
+    Document();
     Document(Document &&) = default;
     Document &operator=(Document &&) = default;
     Document(const Document &) = delete;
     Document &operator=(const Document &) = delete;
+    ~Document() = default;
 
-    const Entries &entries() const { return entries_; }
+    bool empty() const { return size() == 0; }
 
-    bool empty() const { return entries_.empty(); }
+    std::size_t size() const { return order_.size() + unordered_.size(); }
 
     /// The record stored under exactly @p key, NULL when there is none.
     const KeyRecord *find(std::string_view key) const;
@@ -67,24 +80,61 @@ public:
     /// own stands for itself only.
     Variants variants(std::string_view key) const;
 
-    /// First entry below the group @p prefix ("display/"); the rest follows while keys begin so.
-    Entries::const_iterator lower_bound(std::string_view prefix) const
+    void set(std::string_view key, KeyRecord record);
+    /// Removes those of @p keys that are there. @return how many.
+    std::size_t remove(const std::vector<std::string> &keys);
+
+    /// Puts the keys in order; without it the next two may not be called after a change.
+    void settle();
+
+    /// Calls @p visit(entry) for every key that begins with @p prefix, in order.
+    template <typename Visit> void for_each_below(std::string_view prefix, Visit visit) const
     {
-        return entries_.lower_bound(prefix);
+        for (std::size_t i = lower_bound(prefix); i < order_.size(); ++i) {
+            const Entry &entry = (*entries_)[order_[i]];
+            if (std::string_view(entry.key).substr(0, prefix.size()) != prefix)
+                return;
+            visit(entry);
+        }
     }
 
-    KeyRecord &set(std::string_view key, KeyRecord record);
-    /// As set() for a key that is likely to come after all others, as in a file.
-    void append(std::string_view key, KeyRecord record);
-    bool remove(std::string_view key);
+    /// The first key that is not before @p key in order; NULL behind the last.
+    const std::string *first_from(std::string_view key) const;
 
 private:
-    void index(Entries::const_iterator entry);
-    void unindex(Entries::const_iterator entry);
+    using Entries = std::deque<Entry>;
 
-    Entries entries_;
-    // The names are borrowed from the entries, whose nodes never move.
-    absl::flat_hash_map<std::string_view, Variants> variants_;
+    // Preferences are found by the base key of the first of their entries.
+    struct Hash {
+        using is_transparent = void;
+        const Entries *entries;
+        std::size_t operator()(std::string_view base) const;
+        std::size_t operator()(std::uint32_t id) const;
+    };
+
+    struct Equal {
+        using is_transparent = void;
+        const Entries *entries;
+
+        bool operator()(std::uint32_t a, std::uint32_t b) const;
+
+        bool operator()(std::uint32_t id, std::string_view base) const;
+
+        bool operator()(std::string_view base, std::uint32_t id) const { return (*this)(id, base); }
+    };
+
+    std::uint32_t id_of(std::string_view key) const;
+    std::uint32_t first_of(std::string_view base) const;
+    std::uint32_t make_entry(std::string_view key);
+    void unlink(std::uint32_t id);
+    std::size_t lower_bound(std::string_view key) const;
+    bool comes_before(std::uint32_t a, std::uint32_t b) const;
+
+    std::unique_ptr<Entries> entries_;     // by id; the place of id 0 stays unused
+    std::vector<std::uint32_t> free_;      // ids of entries that were removed
+    std::vector<std::uint32_t> order_;     // ids in the order of their keys
+    std::vector<std::uint32_t> unordered_; // ids that have come since
+    absl::flat_hash_set<std::uint32_t, Hash, Equal> preferences_; // first entry of each
 };
 
 /// A key without its platform suffix: the text before the first ':'.

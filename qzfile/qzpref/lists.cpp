@@ -11,17 +11,6 @@ using namespace qz::pref;
 
 namespace {
 
-/// Calls @p visit(entry) for every key of @p document below @p prefix ("display/", or "" for all).
-template <typename Visit>
-void for_each_below(const Document &document, const std::string &prefix, Visit visit)
-{
-    for (auto entry = document.lower_bound(prefix); entry != document.entries().end(); ++entry) {
-        if (std::string_view(entry->first).substr(0, prefix.size()) != prefix)
-            return;
-        visit(entry->first);
-    }
-}
-
 std::string prefix_of(const std::string &group)
 {
     return group.empty() ? group : group + '/';
@@ -38,7 +27,7 @@ public:
     bool collect()
     {
         const FallbackLayers &fallbacks = session_.layers.get();
-        return session_.file->read([&](const Document &user) {
+        return session_.file->read_in_order([&](const Document &user) {
             collect_from(user, user, fallbacks);
             if (fallbacks.machine)
                 collect_from(*fallbacks.machine, user, fallbacks);
@@ -53,7 +42,8 @@ public:
 private:
     void collect_from(const Document &layer, const Document &user, const FallbackLayers &fallbacks)
     {
-        for_each_below(layer, prefix_, [&](const std::string &key) {
+        layer.for_each_below(prefix_, [&](const Document::Entry &entry) {
+            const std::string &key = entry.key;
             any_key_ = true;
             // All platform forms of a preference give one answer, whichever layer lists them.
             const std::string_view base =
@@ -109,17 +99,16 @@ std::set<std::string, KeyOrder> child_groups(const Document &document, const std
 {
     const std::string prefix = prefix_of(group);
     std::set<std::string, KeyOrder> names;
-    auto entry = document.lower_bound(prefix);
-    while (entry != document.entries().end() &&
-           entry->first.compare(0, prefix.size(), prefix) == 0) {
-        const std::size_t slash = entry->first.find('/', prefix.size());
+    const std::string *key = document.first_from(prefix);
+    while (key && key->compare(0, prefix.size(), prefix) == 0) {
+        const std::size_t slash = key->find('/', prefix.size());
         if (slash == std::string::npos) {
-            ++entry;
+            key = document.first_from(*key + '\0');
             continue;
         }
-        names.insert(entry->first.substr(prefix.size(), slash - prefix.size()));
+        names.insert(key->substr(prefix.size(), slash - prefix.size()));
         // On to the first key behind the whole group: '0' is the character after '/'.
-        entry = document.lower_bound(entry->first.substr(0, slash) + '0');
+        key = document.first_from(key->substr(0, slash) + '0');
     }
     return names;
 }
@@ -152,7 +141,7 @@ int QZPREF::getSubgroups(std::vector<std::string> &groups, int depth)
     if (!settings_)
         return 0;
     const std::string here = settings_->groups.path();
-    return settings_->file->read([&](const Document &user) {
+    return settings_->file->read_in_order([&](const Document &user) {
         int levels = 0;
         std::vector<std::string> level = {""};
         while (!level.empty() && (depth == 0 || levels < depth)) {
@@ -185,8 +174,9 @@ int QZPREF::removeKey(const std::string &key, QZPREF_TYPE type)
     const std::string bare_key = settings_->groups.full_key("");
     const std::string prefix = full_key == bare_key ? bare_key : full_key + '/';
     std::vector<std::string> doomed;
-    settings_->file->read([&](const Document &user) {
-        for_each_below(user, prefix, [&](const std::string &below) { doomed.push_back(below); });
+    settings_->file->read_in_order([&](const Document &user) {
+        user.for_each_below(prefix,
+                            [&](const Document::Entry &entry) { doomed.push_back(entry.key); });
     });
     const int count = static_cast<int>(doomed.size());
     doomed.push_back(full_key);

@@ -10,8 +10,9 @@ void QZPREF::loadFromRelease(const std::string &release)
     Document old;
     if (!PreferenceFile(path).exists() || read_document(path, old))
         return;
-    for (const auto &[key, record] : old.entries())
-        settings_->file->adopt(key, record);
+    old.for_each_below("", [this](const Document::Entry &entry) {
+        settings_->file->adopt(entry.key, entry.record);
+    });
 }
 
 QZPrefSource QZPREF::getKeySource(const char *key)

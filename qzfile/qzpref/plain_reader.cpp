@@ -238,7 +238,7 @@ private:
         if (starts_.empty() || !characters('<') || is_blank(value_))
             return false;
         record_.set_value(value_);
-        document_.append(key_, record_);
+        document_.set(key_, record_);
         return true;
     }
 

@@ -30,12 +30,13 @@ OpenFiles &open_files()
     return files;
 }
 
-QByteArray to_text(const Document &document)
+QByteArray to_text(Document &document)
 {
     QByteArray text;
     PreferenceWriter writer(text);
-    for (const auto &[key, record] : document.entries())
-        writer.write(key, record);
+    document.settle();
+    document.for_each_below(
+        "", [&writer](const Document::Entry &entry) { writer.write(entry.key, entry.record); });
     return writer.finish() ? text : QByteArray();
 }
 
@@ -120,13 +121,15 @@ QZpref_Err PreferenceFile::refresh_locked()
 
 void PreferenceFile::lay_changes_over(Document &document) const
 {
+    std::vector<std::string> removed;
     for (const auto &[key, change] : changes_) {
         const KeyRecord *mine = document_.find(key);
         if (change == Change::Removed)
-            document.remove(key);
+            removed.push_back(key);
         else if (mine && (change == Change::Set || !document.find(key)))
             document.set(key, *mine);
     }
+    document.remove(removed);
 }
 
 QZpref_Err PreferenceFile::save()
@@ -163,7 +166,7 @@ QZpref_Err PreferenceFile::merge_and_write_locked()
 void PreferenceFile::adopt(const std::string &key, const KeyRecord &record)
 {
     const std::lock_guard<std::mutex> guard(mutex_);
-    document_.append(key, record);
+    document_.set(key, record);
     changes_.emplace_hint(changes_.end(), key, Change::Adopted);
 }
 
@@ -171,16 +174,19 @@ void PreferenceFile::remove(const std::vector<std::string> &keys)
 {
     const std::lock_guard<std::mutex> guard(mutex_);
     for (const std::string &key : keys) {
-        if (document_.remove(key))
+        if (document_.find(key))
             changes_.insert_or_assign(key, Change::Removed);
     }
+    document_.remove(keys);
 }
 
 void PreferenceFile::clear()
 {
     const std::lock_guard<std::mutex> guard(mutex_);
-    for (const auto &[key, record] : document_.entries())
-        changes_.insert_or_assign(key, Change::Removed);
+    document_.settle();
+    document_.for_each_below("", [this](const Document::Entry &entry) {
+        changes_.insert_or_assign(entry.key, Change::Removed);
+    });
     document_ = Document();
 }
 

@@ -52,13 +52,24 @@ public:
     bool exists() const;
     bool empty() const;
 
-    /// Calls @p use(const Document &) while nobody changes the document and returns its result.
+    /// Calls @p use(const Document &) while nobody changes the document and returns its result. Its
+    /// keys need not be in order.
     template <typename Use> auto read(Use use)
     {
         const std::lock_guard<std::mutex> guard(mutex_);
         if (written_elsewhere_)
             refresh_locked();
         return use(static_cast<const Document &>(document_));
+    }
+
+    /// As read(), with the keys in order.
+    template <typename Use> auto read_in_order(Use use)
+    {
+        {
+            const std::lock_guard<std::mutex> guard(mutex_);
+            document_.settle();
+        }
+        return read(use);
     }
 
     /// Calls @p modify(KeyRecord &) on the record of @p key, which is made when there is none.

@@ -41,8 +41,9 @@ bool readXmlFile(QIODevice &device, QSettings::SettingsMap &map)
 {
     qz::pref::Document document;
     const bool well_formed = qz::pref::read_preferences(device.readAll(), document);
-    for (const auto &[key, record] : document.entries())
-        map.insert(to_qstring(key), to_variant_map(record));
+    document.for_each_below("", [&map](const qz::pref::Document::Entry &entry) {
+        map.insert(to_qstring(entry.key), to_variant_map(entry.record));
+    });
     return well_formed;
 }
 

@@ -129,7 +129,7 @@ private:
         }
         key_bytes_left_ -= key_.size();
         record_.set_value(to_utf8(xml_.text()));
-        document_.append(key_, record_);
+        document_.set(key_, record_);
     }
 
     QXmlStreamReader xml_;
@@ -145,13 +145,17 @@ private:
 
 bool read_xml(const QByteArray &text, Document &document)
 {
-    return PreferenceParser(text, document).run();
+    const bool well_formed = PreferenceParser(text, document).run();
+    document.settle();
+    return well_formed;
 }
 
 bool read_preferences(const QByteArray &text, Document &document)
 {
-    if (read_plain({text.constData(), static_cast<std::size_t>(text.size())}, document))
+    if (read_plain({text.constData(), static_cast<std::size_t>(text.size())}, document)) {
+        document.settle();
         return true;
+    }
     document = Document();
     return read_xml(text, document);
 }

@@ -40,7 +40,7 @@ struct Snapshot {
         report.file = file;
         report.exists = exists;
         report.status = status;
-        report.key_count = document.entries().size();
+        report.key_count = document.size();
         return report;
     }
 
@@ -131,10 +131,8 @@ struct Inspection::Layers {
         if (!prefix.empty())
             prefix += '/';
         for (const Snapshot &layer : all) {
-            for (const auto &[key, record] : layer.document.entries()) {
-                if (key.compare(0, prefix.size(), prefix) == 0)
-                    visit(key, prefix.size());
-            }
+            layer.document.for_each_below(
+                prefix, [&](const Document::Entry &entry) { visit(entry.key, prefix.size()); });
         }
     }
 
@@ -234,7 +232,7 @@ PendingMigration Inspection::migration() const
             continue;
         pending.release = release;
         pending.file = QFile::encodeName(path).toStdString();
-        pending.key_count = old.entries().size();
+        pending.key_count = old.size();
         break;
     }
     return pending;

@@ -23,8 +23,9 @@ std::string shown(const std::string &key, const KeyRecord &record)
 std::string shown(const Document &document)
 {
     std::string text;
-    for (const auto &[key, record] : document.entries())
-        text += shown(key, record);
+    document.for_each_below("", [&](const Document::Entry &entry) {
+        text += shown(entry.key, entry.record);
+    });
     return text;
 }
 
@@ -48,8 +49,9 @@ QByteArray written(const Document &document)
 {
     QByteArray text;
     PreferenceWriter writer(text);
-    for (const auto &[key, record] : document.entries())
-        writer.write(key, record);
+    document.for_each_below("", [&](const Document::Entry &entry) {
+        writer.write(entry.key, entry.record);
+    });
     EXPECT_TRUE(writer.finish());
     return text;
 }
@@ -103,6 +105,7 @@ TEST(PreferenceFormat, WritesTheDocumentedLayout)
     width.set_attribute("dt", "int");
     width.set_value("3");
     document.set("display/width:os=linux", width);
+    document.settle();
     EXPECT_EQ(written(document).toStdString(),
               "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
               "<ApplicationSettings>\n"
@@ -143,6 +146,7 @@ TEST(PreferenceFormat, EveryDocumentReadsBackAsItWas)
                 record.set_attribute(random() % 2 ? "alpha" : "zeta", one_of(values));
             document.set(key + one_of(suffixes), std::move(record));
         }
+        document.settle();
         const QByteArray text = written(document);
         ASSERT_EQ(read_back(text), shown(document)) << text.toStdString();
         ASSERT_EQ(read_slowly(text), shown(document)) << text.toStdString();
@@ -262,20 +266,39 @@ TEST(PreferenceKeys, AreValidated)
               0u);
 }
 
-// The index by preference must agree with the plain list of keys after any sequence of changes.
-TEST(PreferenceDocument, IndexFollowsEveryChange)
+// Index and order must agree with a plain map of keys after any sequence of changes.
+TEST(PreferenceDocument, FollowsEveryChange)
 {
-    const std::string keys[] = {"a", "a:os=linux", "a:os=windows", "a:os=odd", "a/b", "a/b:os=darwin"};
+    std::vector<std::string> keys;
+    for (const char *base : {"a", "b", "a/b", "ab"}) {
+        for (const char *suffix : {"", ":os=linux", ":os=windows", ":os=odd", ":os=none"})
+            keys.push_back(std::string(base) + suffix);
+    }
     Document document;
-    std::mt19937 random(3);
+    std::map<std::string, std::string, KeyOrder> model;
+    std::mt19937 engine(3);
+    const auto random = [&engine] { return static_cast<unsigned>(engine()); };
     for (int round = 0; round < 5000; ++round) {
-        const std::string &key = keys[random() % std::size(keys)];
-        if (random() % 2) {
+        const unsigned action = random() % 8;
+        std::vector<std::string> some;
+        for (unsigned n = action == 0 ? random() % 5 : 1; n > 0; --n)
+            some.push_back(keys[random() % keys.size()]);
+        if (action < 3) {
+            std::size_t expected = 0;
+            for (const std::string &key : some)
+                expected += model.erase(key);
+            ASSERT_EQ(document.remove(some), expected);
+        } else {
             KeyRecord record;
             record.set_value(std::to_string(round));
-            document.set(key, std::move(record));
-        } else {
-            document.remove(key);
+            model[some[0]] = record.value();
+            document.set(some[0], std::move(record));
+        }
+        for (const std::string &key : keys) {
+            const KeyRecord *record = document.find(key);
+            const auto expected = model.find(key);
+            ASSERT_EQ(record ? record->value() : "-",
+                      expected == model.end() ? "-" : expected->second);
         }
         for (const char *base : {"a", "a/b"}) {
             const Variants variants = document.variants(base);
@@ -284,6 +307,16 @@ TEST(PreferenceDocument, IndexFollowsEveryChange)
                 const auto platform = static_cast<QZPREF_PLATFORM>(p);
                 ASSERT_EQ(variants.own(platform), document.find(suffixed_key(base, platform)));
             }
+        }
+        if (action == 7) {
+            document.settle();
+            std::string in_order, expected;
+            document.for_each_below("a", [&](const Document::Entry &entry) {
+                in_order += entry.key + " ";
+            });
+            for (const auto &[key, value] : model)
+                expected += key[0] == 'a' ? key + " " : "";
+            ASSERT_EQ(in_order, expected);
         }
     }
 }
