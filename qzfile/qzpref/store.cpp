@@ -46,6 +46,8 @@ private:
 QZPREF::QZPREF(QZPREF_PRODUCTS product, bool migrate)
     : product_(product), os_attribute_(QZPREF_PLATFORM_NONE)
 {
+    // Kept until this store counts: else the last of the others takes the layers away in between.
+    const std::lock_guard<std::recursive_mutex> library(library_mutex());
     const QZpref_Err failure = initialize_handle(migrate);
     if (failure) {
         settings_.reset();
