@@ -75,7 +75,6 @@ QZpref_Err QZPREF::initialize_handle(bool migrate)
 {
     if (!is_product(product_))
         return QZPREF_UNKNOWN_PRODUCT;
-    const std::lock_guard<std::recursive_mutex> library(library_mutex());
     scan_profile();
 
     const QString release = QString::fromStdString(halcyra::release_name());
