@@ -33,7 +33,9 @@ bool is_xml_character(char32_t c)
            (c >= 0xE000 && c <= 0xFFFD) || (c >= 0x10000 && c <= 0x10FFFF);
 }
 
-bool is_element_name(const std::string &component)
+} // namespace
+
+bool is_key_component(const std::string &component)
 {
     // The validator reads on past bytes that are no UTF-8, and up to the first NUL only.
     if (component.find(':') != std::string::npos || !is_xml_text(component))
@@ -41,14 +43,12 @@ bool is_element_name(const std::string &component)
     return xmlValidateName(reinterpret_cast<const xmlChar *>(component.c_str()), 0) == 0;
 }
 
-} // namespace
-
 QZpref_Err validate_key(std::string_view key)
 {
     for (;;) {
         const std::size_t slash = key.find('/');
         const std::string component(key.substr(0, slash));
-        if (!is_element_name(component)) {
+        if (!is_key_component(component)) {
             qzerr_throw(-1, QZERR_WARNING,
                         "%s: Invalid character in the qzpref key '%s'. Please see the naming rules "
                         "of XML elements at https://www.w3.org/TR/xml/#NT-Name.\n",

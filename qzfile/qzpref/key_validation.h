@@ -14,6 +14,9 @@ namespace qz::pref {
 ///         the component at fault.
 QZpref_Err validate_key(std::string_view key);
 
+/// Whether @p component can name an XML element and holds no ':'.
+bool is_key_component(const std::string &component);
+
 /// Whether XML 1.0 can hold every character of @p utf8; most control characters it cannot.
 bool is_xml_text(std::string_view utf8);
 

@@ -30,14 +30,15 @@ OpenFiles &open_files()
     return files;
 }
 
-QByteArray to_text(Document &document)
+std::string to_text(Document &document)
 {
-    QByteArray text;
+    std::string text;
     PreferenceWriter writer(text);
     document.settle();
     document.for_each_below(
         "", [&writer](const Document::Entry &entry) { writer.write(entry.key, entry.record); });
-    return writer.finish() ? text : QByteArray();
+    writer.finish();
+    return text;
 }
 
 } // namespace
@@ -153,10 +154,7 @@ QZpref_Err PreferenceFile::merge_and_write_locked()
     const QZpref_Err merged = refresh_locked();
     if (merged == QZPREF_ACCESS_ERROR || (merged && changes_.empty()))
         return merged;
-    const QByteArray text = to_text(document_);
-    if (text.isEmpty() ||
-        replacement.write({text.constData(), static_cast<std::size_t>(text.size())}) ||
-        replacement.commit())
+    if (replacement.write(to_text(document_)) || replacement.commit())
         return QZPREF_ACCESS_ERROR;
     stamp_ = platform::file_stamp(native_path_);
     changes_.clear();

@@ -1,3 +1,4 @@
+#include "qzfile/qzpref/key_validation.h"
 #include "qzfile/qzpref/preference_file.h"
 #include "qzfile/qzpref/xml_reader.h"
 #include "qzfile/qzpref/xml_writer.h"
@@ -47,15 +48,38 @@ bool readXmlFile(QIODevice &device, QSettings::SettingsMap &map)
     return well_formed;
 }
 
+/// Whether a file with this entry in it could be read back.
+bool is_writable(const std::string &key, const KeyRecord &record)
+{
+    for (const QString &component : to_qstring(qz::pref::base_key(key)).split(QChar(u'/'))) {
+        if (!qz::pref::is_key_component(component.toStdString()))
+            return false;
+    }
+    bool texts_fit = qz::pref::is_xml_text(record.value()) &&
+                     qz::pref::is_xml_text(record.comment()) && qz::pref::is_xml_text(key);
+    record.for_each_attribute([&](std::string_view name, std::string_view value) {
+        texts_fit = texts_fit && qz::pref::is_key_component(std::string(name)) &&
+                    qz::pref::is_xml_text(value);
+    });
+    return texts_fit;
+}
+
 bool write_xml_file(QIODevice &device, const QSettings::SettingsMap &map)
 {
-    QByteArray text;
+    std::string text;
     qz::pref::PreferenceWriter writer(text);
-    for (auto entry = map.cbegin(); entry != map.cend(); ++entry)
-        writer.write(entry.key().toStdString(), from_variant_map(entry.value().toMap()));
+    for (auto entry = map.cbegin(); entry != map.cend(); ++entry) {
+        const std::string key = entry.key().toStdString();
+        const KeyRecord record = from_variant_map(entry.value().toMap());
+        if (!is_writable(key, record))
+            return false;
+        writer.write(key, record);
+    }
     if (const auto *file = qobject_cast<QFileDevice *>(&device))
         qz::pref::PreferenceFile::note_foreign_write(file->fileName());
-    return writer.finish() && device.write(text) == text.size();
+    writer.finish();
+    const auto size = static_cast<qint64>(text.size());
+    return device.write(text.data(), size) == size;
 }
 
 const QSettings::Format kFormat = QSettings::registerFormat(QStringLiteral("xml"), readXmlFile,

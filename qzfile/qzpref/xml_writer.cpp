@@ -1,107 +1,146 @@
 #include "qzfile/qzpref/xml_writer.h"
 
+#include <algorithm>
+
 namespace qz::pref {
 
 namespace {
 
-QString to_qstring(std::string_view text)
+constexpr std::size_t kIndent = 4;
+
+/// What stands for @p c in the file; empty when it stands for itself.
+std::string_view escaped(char c, bool in_attribute)
 {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    switch (c) {
+    case '<':
+        return "&lt;";
+    case '>':
+        return "&gt;";
+    case '&':
+        return "&amp;";
+    case '"':
+        return "&quot;";
+    case '\r': // a reader makes a line feed of a bare one
+        return "&#13;";
+    case '\n':
+        return in_attribute ? "&#10;" : "";
+    case '\t':
+        return in_attribute ? "&#9;" : "";
+    default:
+        return "";
+    }
 }
 
-std::vector<std::string> components_of(std::string_view key)
+void append_escaped(std::string &text, std::string_view value, bool in_attribute)
 {
-    key = key.substr(0, key.find(':'));
-    std::vector<std::string> components;
+    for (const char c : value) {
+        const std::string_view replacement = escaped(c, in_attribute);
+        if (replacement.empty())
+            text += c;
+        else
+            text += replacement;
+    }
+}
+
+std::vector<std::string_view> components_of(std::string_view key)
+{
+    std::vector<std::string_view> components;
     for (;;) {
         const std::size_t slash = key.find('/');
-        components.emplace_back(key.substr(0, slash));
+        components.push_back(key.substr(0, slash));
         if (slash == std::string_view::npos)
             return components;
         key.remove_prefix(slash + 1);
     }
 }
 
-/// XML 1.0 knows no "--" inside a comment and none that ends in '-': a blank keeps them apart.
-QString well_formed_comment(std::string_view comment)
-{
-    QString text;
-    for (const QChar c : to_qstring(comment)) {
-        if (c == u'-' && text.endsWith(u'-'))
-            text += u' ';
-        text += c;
-    }
-    if (text.endsWith(u'-'))
-        text += u' ';
-    return text;
-}
-
 } // namespace
 
-PreferenceWriter::PreferenceWriter(QByteArray &text) : xml_(&text)
+PreferenceWriter::PreferenceWriter(std::string &text) : text_(text)
 {
-    xml_.setAutoFormatting(true);
-    xml_.writeStartDocument();
-    xml_.writeStartElement(QStringLiteral("ApplicationSettings"));
+    text_ += "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<ApplicationSettings";
+}
+
+void PreferenceWriter::start_line()
+{
+    text_ += '\n';
+    text_.append(kIndent * (open_.size() + 1), ' ');
+}
+
+/// XML 1.0 knows no "--" inside a comment and none that ends in '-': a blank keeps them apart.
+void PreferenceWriter::write_comment(std::string_view comment)
+{
+    start_line();
+    text_ += "<!--";
+    for (const char c : comment) {
+        if (c == '-' && text_.back() == '-')
+            text_ += ' ';
+        text_ += c;
+    }
+    text_ += text_.back() == '-' ? " -->" : "-->";
+}
+
+void PreferenceWriter::write_attribute(std::string_view name, std::string_view value)
+{
+    text_.append(" ").append(name).append("=\"");
+    append_escaped(text_, value, true);
+    text_ += '"';
 }
 
 void PreferenceWriter::leave(std::size_t levels)
 {
     for (; levels > 0; --levels) {
-        xml_.writeEndElement();
+        const std::string name = std::move(open_.back());
         open_.pop_back();
+        // A value stands on one line with its tags, a group's end on a line of its own.
+        if (holds_value_)
+            holds_value_ = false;
+        else
+            start_line();
+        text_.append("</").append(name).append(">");
     }
 }
 
 void PreferenceWriter::write(std::string_view key, const KeyRecord &record)
 {
-    std::vector<std::string> components = components_of(key);
+    const std::size_t colon = key.find(':');
+    const std::vector<std::string_view> components = components_of(key.substr(0, colon));
     // The last element of a key holds its value, so neither the previous key's nor this key's can
     // be a group that the two share.
     const std::size_t groups =
         std::min(open_.empty() ? 0 : open_.size() - 1, components.size() - 1);
+    if (!any_key_)
+        text_ += '>';
+    any_key_ = true;
     std::size_t shared = 0;
     while (shared < groups && open_[shared] == components[shared])
         ++shared;
     leave(open_.size() - shared);
 
     for (std::size_t i = shared; i < components.size(); ++i) {
-        if (i + 1 == components.size() && !record.comment().empty())
-            xml_.writeComment(well_formed_comment(record.comment()));
-        xml_.writeStartElement(to_qstring(components[i]));
-        open_.push_back(std::move(components[i]));
+        const bool last = i + 1 == components.size();
+        if (last && !record.comment().empty())
+            write_comment(record.comment());
+        start_line();
+        text_.append("<").append(components[i]);
+        if (!last)
+            text_ += '>';
+        open_.emplace_back(components[i]);
     }
-    record.for_each_attribute([&](std::string_view name, std::string_view value) {
-        xml_.writeAttribute(to_qstring(name), to_qstring(value));
-    });
-    const std::size_t colon = key.find(':');
-    const std::size_t equals = key.find('=', colon == std::string_view::npos ? key.size() : colon);
-    if (equals != std::string_view::npos) {
-        xml_.writeAttribute(to_qstring(key.substr(colon + 1, equals - colon - 1)),
-                            to_qstring(key.substr(equals + 1)));
-    }
-    write_value(record.value());
+    record.for_each_attribute(
+        [this](std::string_view name, std::string_view value) { write_attribute(name, value); });
+    const std::string_view suffix = colon == std::string_view::npos ? "" : key.substr(colon + 1);
+    if (const std::size_t equals = suffix.find('='); equals != std::string_view::npos)
+        write_attribute(suffix.substr(0, equals), suffix.substr(equals + 1));
+    text_ += '>';
+    append_escaped(text_, record.value(), false);
+    holds_value_ = true;
 }
 
-// A reader turns a bare carriage return into a line feed; a reference keeps it.
-void PreferenceWriter::write_value(std::string_view value)
-{
-    for (;;) {
-        const std::size_t carriage_return = value.find('\r');
-        xml_.writeCharacters(to_qstring(value.substr(0, carriage_return)));
-        if (carriage_return == std::string_view::npos)
-            return;
-        xml_.writeEntityReference(QStringLiteral("#13"));
-        value.remove_prefix(carriage_return + 1);
-    }
-}
-
-bool PreferenceWriter::finish()
+void PreferenceWriter::finish()
 {
     leave(open_.size());
-    xml_.writeEndElement();
-    xml_.writeEndDocument();
-    return !xml_.hasError();
+    text_ += any_key_ ? "\n</ApplicationSettings>\n" : "/>\n";
 }
 
 } // namespace qz::pref

@@ -5,6 +5,8 @@
 #include "qzfile/qzpref/xml_reader.h"
 #include "qzfile/qzpref/xml_writer.h"
 
+#include <QXmlStreamWriter>
+
 #include <random>
 
 using namespace qz::pref;
@@ -47,13 +49,51 @@ std::string read_slowly(const QByteArray &text)
 
 QByteArray written(const Document &document)
 {
-    QByteArray text;
+    std::string text;
     PreferenceWriter writer(text);
     document.for_each_below("", [&](const Document::Entry &entry) {
         writer.write(entry.key, entry.record);
     });
-    EXPECT_TRUE(writer.finish());
-    return text;
+    writer.finish();
+    return QByteArray::fromStdString(text);
+}
+
+/// The same document through the settings system's own writer, straight from the rules.
+QByteArray written_slowly(const Document &document)
+{
+    QByteArray text;
+    QXmlStreamWriter xml(&text);
+    xml.setAutoFormatting(true);
+    xml.writeStartDocument();
+    xml.writeStartElement("ApplicationSettings");
+    QStringList open;
+    document.for_each_below("", [&](const Document::Entry &entry) {
+        const QString key = QString::fromStdString(entry.key);
+        const QStringList components = key.section(':', 0, 0).split('/');
+        qsizetype shared = 0;
+        while (shared < open.size() - 1 && shared < components.size() - 1 &&
+               open[shared] == components[shared])
+            ++shared;
+        for (qsizetype i = open.size(); i > shared; --i)
+            xml.writeEndElement();
+        for (qsizetype i = shared; i < components.size(); ++i) {
+            if (i + 1 == components.size() && !entry.record.comment().empty())
+                xml.writeComment(QString::fromStdString(entry.record.comment()));
+            xml.writeStartElement(components[i]);
+        }
+        entry.record.for_each_attribute([&](std::string_view name, std::string_view value) {
+            xml.writeAttribute(QString::fromStdString(std::string(name)),
+                               QString::fromStdString(std::string(value)));
+        });
+        if (key.contains(':')) {
+            const QString suffix = key.section(':', 1);
+            xml.writeAttribute(suffix.section('=', 0, 0), suffix.section('=', 1));
+        }
+        xml.writeCharacters(QString::fromStdString(entry.record.value()));
+        open = components;
+    });
+    xml.writeEndDocument();
+    return text.replace("\r", "&#13;");
 }
 
 struct ReadCase {
@@ -148,6 +188,7 @@ TEST(PreferenceFormat, EveryDocumentReadsBackAsItWas)
         }
         document.settle();
         const QByteArray text = written(document);
+        ASSERT_EQ(text.toStdString(), written_slowly(document).toStdString());
         ASSERT_EQ(read_back(text), shown(document)) << text.toStdString();
         ASSERT_EQ(read_slowly(text), shown(document)) << text.toStdString();
     }
@@ -176,6 +217,13 @@ TEST(PreferenceFormat, SettingsSystemUsesTheSameFormat)
         settings.setValue("g/k:os=linux", QVariantMap{{"dt", "int"}, {"value", 5}, {"q", "1"}});
         settings.sync();
         EXPECT_EQ(settings.status(), QSettings::NoError);
+    }
+    {
+        // What could not be read back is refused as a whole; the file stays as it is.
+        QSettings settings(path, getQSettingsFormat());
+        settings.setValue("not a name", QVariantMap{{"value", 5}});
+        settings.sync();
+        EXPECT_NE(settings.status(), QSettings::NoError);
     }
     Document document;
     ASSERT_EQ(read_document(path, document), QZPREF_SUCCESS_);
