@@ -1,0 +1,182 @@
+#include "errors/message_sink.h"
+#include "qzerr.hpp"
+#include "qzfortran.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+/// A CHARACTER variable between two bytes that nobody should touch without a reason.
+class Variable {
+public:
+    Variable(const std::string &text, std::size_t length) : memory_("<" + text)
+    {
+        memory_.resize(length + 1, ' ');
+        memory_ += '>';
+    }
+
+    char *start() { return &memory_[1]; }
+
+    int length() const { return static_cast<int>(memory_.size() - 2); }
+
+    std::string text() const { return memory_.substr(1, memory_.size() - 2); }
+
+    char before() const { return memory_.front(); }
+
+    char after() const { return memory_.back(); }
+
+private:
+    std::string memory_;
+};
+
+std::string repeated(std::size_t count, char c)
+{
+    return std::string(count, c);
+}
+
+const std::string kNul(1, '\0');
+
+struct PrefixCase {
+    const char *why;
+    std::string text;
+    std::size_t declared;
+    std::string prefix;
+    char before;
+};
+
+TEST(ErrorEntries, Prefix)
+{
+    const PrefixCase cases[] = {
+        {"one blank is kept",           "MYPROG",                     20,      "MYPROG ",                                    '<'                                                                                                                  },
+        {"NULs count as blanks",        "MYPROG" + kNul + " " + kNul, 20,      "MYPROG ",                                    '<'                                                                                                                  },
+        {"blanks inside are text",      " MY  PROG",                  20,      " MY  PROG ",                                 '<'                                                                                                                  },
+        {"18 leave room for the blank", repeated(18,                  'x'),    20,                                           repeated(18,                                                                                                           'x') + " ", '<'},
+        {"19 do not",                          repeated(19,                                                      'x'),                                                   20,                                                           repeated(19,                                                                                                                       'x'), '<'},
+        {"the 20th is cut off",                  repeated(20,                                          'x'),                                              20,                                repeated(19,           'x'), '<'},
+        {"so is the rest",                         repeated(30,          'x'),30,repeated(19,                                                                          'x'), '<'},
+        {"text behind a NUL is not seen, and ends the blanks",              "A" + kNul + "B",       20, "A",                                                                                   '<'                                                                                                                                                                                                                           },
+        {"a blank one stands as it is, and marks the byte in front",                          "",                                                      20,          repeated(19,                         ' '),
+         '\0'},
+        {"NULs alone are blank too",                          repeated(20,                                                      '\0'),    20,"",'\0'},
+        {"a literal is short, and not written to",                         "MYPROG",                                                        6,                                                               "MYPROG ",                                                                                  '<'                                                                                                                                                                  },
+        {"a blank literal as well",                           " ",                                                     1,                                                     " ",                                                                                                                                                               '<'                                                                                                                                                                                                                                                                                                                                                                                                                                                                       },
+    };
+    for (const PrefixCase &c : cases) {
+        SCOPED_TRACE(c.why);
+        const MessageSink sink;
+        Variable variable(c.text, c.declared);
+        int id = sink.id();
+        int status = -9;
+        QZERRF_PREFIX(&id, variable.start(), &status, variable.length());
+        EXPECT_EQ(status, 1);
+        EXPECT_EQ(variable.before(), c.before);
+        EXPECT_EQ(variable.after(), '>');
+        qzerr_throw(id, QZERR_FATAL, "x");
+        EXPECT_EQ(sink.text(), c.prefix + "FATAL x");
+    }
+    int no_handler = 99;
+    int status = -9;
+    Variable variable("MYPROG", 20);
+    QZERRF_PREFIX(&no_handler, variable.start(), &status, variable.length());
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(variable.text(), "MYPROG " + kNul + repeated(11, ' ') + kNul);
+}
+
+struct CodeCase {
+    const char *why;
+    int level;
+    std::size_t declared;
+    std::string code;
+};
+
+TEST(ErrorEntries, ReturnCode)
+{
+    const CodeCase cases[] = {
+        {"blanks fill the rest",                  4,  20, "QZERR_WARNING       "    },
+        {"cut to 20",                             7,  20, "QZERR_LEVEL UNDEFINE"    },
+        {"beyond 20 nothing is written",          0,  24, "QZERR_BUMMER        ...."},
+        {"a short variable keeps its neighbours", 5,  8,  "QZERR_FA"                },
+        {"levels are unsigned",                   -1, 20, "(bogus QZERR level) "    },
+    };
+    for (const CodeCase &c : cases) {
+        SCOPED_TRACE(c.why);
+        Variable variable(repeated(c.declared, '.'), c.declared);
+        int level = c.level;
+        QZERRF_RETURN_CODE(&level, variable.start(), variable.length());
+        EXPECT_EQ(variable.text(), c.code);
+        EXPECT_EQ(variable.after(), '>');
+    }
+}
+
+struct ThrowCase {
+    const char *why;
+    std::string text;
+    std::size_t declared;
+    std::string written;
+};
+
+TEST(ErrorEntries, Throw)
+{
+    const ThrowCase cases[] = {
+        {"blanks at the end are kept", "mesh",                           80,         "mesh" + repeated(75,                                ' ')},
+        {"a NUL ends the text",                            "mesh" + kNul,                                        80,          "mesh"                   },
+        {"cut to 79",                            repeated(80,                                                  'y'),                      80, repeated(79, 'y')},
+        {"however long the variable",                 repeated(200,                                             'y'),                                                       200,                                                                                repeated(79, 'y')},
+        {"the text is a format",                        "100 %%" + kNul,         80,"100 %"},
+        {"a literal is short, and not written to",       "mesh", 4, "mesh"                                                                                           },
+    };
+    for (const ThrowCase &c : cases) {
+        SCOPED_TRACE(c.why);
+        const MessageSink sink;
+        Variable variable(c.text, c.declared);
+        int id = sink.id();
+        int level = QZERR_FATAL;
+        int status = -9;
+        QZERRF_THROW(&id, &level, variable.start(), &status, variable.length());
+        EXPECT_EQ(status, 1);
+        EXPECT_EQ(variable.after(), '>');
+        qzerr_throw(id, QZERR_FATAL, "no line break");
+        EXPECT_EQ(sink.text(), "FATAL " + c.written + "\nFATAL no line break");
+    }
+}
+
+TEST(ErrorEntries, SettingsReachTheHandler)
+{
+    int id = 0;
+    int status = -9;
+    QZERRF_NEW(&id, &status);
+    EXPECT_EQ(status, 1);
+    EXPECT_GT(id, 0);
+
+    int level = QZERR_INFO;
+    QZERRF_LEVEL(&id, &level, &status);
+    EXPECT_EQ(status, 1);
+    unsigned stored = 0;
+    qzerr_get_level(id, &stored);
+    EXPECT_EQ(stored, static_cast<unsigned>(QZERR_INFO));
+
+    qzerr_throw(id, QZERR_FATAL, "x");
+    int maximum = -9;
+    QZERRF_MAXLEVEL(&id, &maximum, &status);
+    EXPECT_EQ(status, 1);
+    EXPECT_EQ(maximum, QZERR_FATAL);
+
+    int unit = -10;
+    QZERRF_FILE(&id, &unit, &status);
+    EXPECT_EQ(status, 1);
+
+    QZERRF_DELETE(&id);
+    maximum = -9;
+    QZERRF_MAXLEVEL(&id, &maximum, &status);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(maximum, -9) << "no handler, nothing stored";
+    QZERRF_LEVEL(&id, &level, &status);
+    EXPECT_EQ(status, 0);
+    status = -9;
+    QZERRF_FILE(&id, &unit, &status);
+    EXPECT_EQ(status, 0);
+}
+
+} // namespace

@@ -1,0 +1,197 @@
+#include "qzfile.h"
+#include "qzfile/scene.h"
+#include "qzfortran.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <string>
+
+namespace {
+
+/// A text as a Fortran program passes it: blanks up to the declared length, and no NUL.
+std::string padded(std::string text, std::size_t length)
+{
+    text.resize(length, ' ');
+    return text;
+}
+
+int length(const std::string &text)
+{
+    return static_cast<int>(text.size());
+}
+
+class FileEntries : public scene::Scene {
+protected:
+    FileEntries() { qzfile_path_set("."); }
+
+    ~FileEntries() override { qzfile_path_clear(); }
+
+    scene::Messages messages_;
+    int status_ = -9;
+};
+
+struct FindCase {
+    const char *why;
+    std::string name;
+    int type;
+    std::string path; ///< of ten characters before the call
+    int status;
+    const char *message;
+};
+
+TEST_F(FileEntries, Find)
+{
+    touch("abcdefgh");
+    touch("abcdefghijklmnopqrstuvw");
+    const FindCase cases[] = {
+        {"blanks behind the name are stripped", padded("abcdefgh",                 40),            0,                                                    ".\\abcdefgh",                        0,                                                 ""},
+        {"a NUL ends the name",                                     std::string("abcdefgh\0xyz",                                                  12), 0, ".\\abcdefgh",                                    0,                                                                        ""},
+        {"a result that is too long is cut",                                   padded("abcdefghijklmnopqrstuvw",                                                                    40),                                                 0,
+         ".\\abcdefgh", -1,"FATAL QZFILEF_FIND: fpath not long enough; need 25 chars, have 10"},
+        {"nothing found, nothing stored; a blank in front is text",                                   " abcdefgh", 0,               "..........",
+         -1,  "INFO QZFILEF_FIND: qzfile_find() fails, cname=' abcdefgh', cpath=NULL\n"                                                                                                                        },
+    };
+    for (const FindCase &c : cases) {
+        SCOPED_TRACE(c.why);
+        std::string path(10, '.');
+        QZFILEF_FIND(c.name.data(), &c.type, path.data(), &status_, length(c.name), length(path));
+        EXPECT_EQ(status_, c.status);
+        EXPECT_EQ(path, c.path);
+        EXPECT_EQ(messages_.text(), c.message);
+    }
+}
+
+TEST_F(FileEntries, BlanksFillTheRestOfAResult)
+{
+    set("QZ_TEST", "ab");
+    std::string path(6, '.');
+    QZFILEF_DIR_EXPAND("$QZ_TEST  ", path.data(), &status_, 10, length(path));
+    EXPECT_EQ(status_, 0);
+    EXPECT_EQ(path, "ab    ");
+    QZFILEF_PATH_GET(path.data(), &status_, length(path));
+    EXPECT_EQ(status_, 0);
+    EXPECT_EQ(path, ".     ");
+    QZFILEF_PATH_GET(path.data(), &status_, 1);
+    EXPECT_EQ(status_, 0) << "as long as the variable is short enough";
+    EXPECT_EQ(messages_.text(), "");
+}
+
+TEST_F(FileEntries, AnExpansionThatFailsIsStoredAsFarAsItGoes)
+{
+    std::string path(6, '.');
+    QZFILEF_DIR_EXPAND("~no_such_user/ab", path.data(), &status_, 16, length(path));
+    EXPECT_EQ(status_, -1);
+    EXPECT_EQ(path, "/ab   ");
+    EXPECT_NE(messages_.text().find("INFO QZFILEF_DIR_EXPAND: qzfile_dir_expand() fails, "
+                                    "cname='~no_such_user/ab', cpath=/ab\n"),
+              std::string::npos);
+}
+
+struct FailureCase {
+    const char *why;
+    std::function<void(int *)> call;
+    std::string last_message;
+};
+
+TEST_F(FileEntries, FailuresAreReportedOnceMore)
+{
+    const int file = 0;
+    std::string blank = "    ";
+    const FailureCase cases[] = {
+        {"exists",      [&](int *status) { QZFILEF_EXISTS("a.b ", &file, status, 4); },
+         "INFO QZFILEF_EXISTS: qzfile_exists() fails, cname='a.b'\n"                     },
+        {"is absolute", [](int *status) { QZFILEF_PATH_IS_ABSOLUTE("a\\b ", status, 4); },
+         "INFO QZFILEF_PATH_IS_ABSOLUTE: qzfile_path_is_absolute() fails, cname='a\\b'\n"},
+        {"add",         [](int *status) { QZFILEF_PATH_ADD("  ", status, 2); },
+         "FATAL QZFILEF_PATH_ADD: qzfile_path_add(), cpath= ''\n"                        },
+        {"set",         [](int *status) { QZFILEF_PATH_SET("  ", status, 2); },
+         "FATAL qzfilef_path_set: qzfile_path_set() fails, cpath = ''\n"                 },
+        {"localize",    [&](int *status) { QZFILEF_PATH_LOCALIZE(blank.data(), status, 4); },
+         "INFO QZFILEF_PATH_LOCALIZE: fails, cpath=\n"                                   },
+    };
+    for (const FailureCase &c : cases) {
+        SCOPED_TRACE(c.why);
+        status_ = -9;
+        c.call(&status_);
+        EXPECT_EQ(status_, -1);
+        const std::string text = messages_.text();
+        ASSERT_GE(text.size(), c.last_message.size());
+        EXPECT_EQ(text.substr(text.size() - c.last_message.size()), c.last_message);
+    }
+    EXPECT_EQ(blank, "    ");
+}
+
+TEST_F(FileEntries, AMissingWorkingDirectoryIsReportedByItsEntryPoint)
+{
+    std::filesystem::create_directory(root_ / "gone");
+    std::filesystem::current_path(root_ / "gone");
+    std::filesystem::remove(root_ / "gone");
+    QZFILEF_PATH_ADD_CWD(&status_);
+    EXPECT_EQ(status_, -1);
+    EXPECT_NE(messages_.text().find("FATAL QZFILEF_PATH_ADD_CWD: qzfile_path_add_cwd) fails\n"),
+              std::string::npos);
+    std::filesystem::current_path(root_);
+}
+
+struct LocalizeCase {
+    const char *why;
+    std::size_t text_length;
+    std::size_t declared;
+    int status;
+    const char *message;
+};
+
+TEST_F(FileEntries, LocalizeConvertsAtMost1024Characters)
+{
+    const char *const kTooLong =
+        "FATAL QZFILEF_PATH_LOCALIZE: cpath not long enough; need 1025 chars, have 1024";
+    const LocalizeCase cases[] = {
+        {"usual",                                                 5,    12,   0,  ""      },
+        {"all of a long variable",                                1024, 1024, 0,  ""      },
+        {"a longer variable is complained of, whatever it holds", 5,    1025, 0,  kTooLong},
+        {"and cut",                                               1025, 1025, -1, kTooLong},
+    };
+    for (const LocalizeCase &c : cases) {
+        SCOPED_TRACE(c.why);
+        std::string path = padded(std::string(c.text_length, '/'), c.declared);
+        QZFILEF_PATH_LOCALIZE(path.data(), &status_, length(path));
+        EXPECT_EQ(status_, c.status);
+        EXPECT_EQ(path, padded(std::string(std::min<std::size_t>(c.text_length, 1024), '\\'),
+                               c.declared));
+        EXPECT_EQ(messages_.text(), c.message);
+    }
+}
+
+TEST_F(FileEntries, TheSearchPathAndTheLineEndings)
+{
+    char *list = nullptr;
+    QZFILEF_PATH_CLEAR(&status_);
+    EXPECT_EQ(status_, 0);
+    QZFILEF_PATH_SET("a;b   ", &status_, 6);
+    QZFILEF_PATH_ADD("c ", &status_, 2);
+    QZFILEF_PATH_ADD_CWD(&status_);
+    QZFILEF_PATH_ADD_HOME(&status_);
+    EXPECT_EQ(status_, 0);
+    qzfile_path_get(&list);
+    EXPECT_EQ(scene::taken(list),
+              "a:b:c:" + text("").substr(0, text("").size() - 1) + ":" + text("home"));
+
+    for (const char *name : {"now", "later"})
+        std::ofstream(root_ / name) << "x\r\n";
+    QZFILEF_DOS_TO_UNIX("now ", &status_, 4);
+    EXPECT_EQ(status_, 0);
+    QZFILEF_DOS_TO_UNIX_REGISTER("later ", &status_, 6);
+    EXPECT_EQ(status_, 0);
+    QZFILEF_DOS_TO_UNIX_CONVERT(&status_);
+    EXPECT_EQ(status_, 0);
+    for (const char *name : {"now", "later"})
+        EXPECT_EQ(std::filesystem::file_size(root_ / name), 2u) << name;
+
+    status_ = -9;
+    QZFILEF_INITIALIZE(nullptr, &status_);
+    EXPECT_EQ(status_, 0);
+}
+
+} // namespace

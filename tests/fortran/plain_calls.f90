@@ -1,0 +1,180 @@
+! Calls every entry point as a program does that knows nothing but their names: implicit interfaces,
+! gfortran's own spelling, no compiler switch. Ends with an error at the first wrong answer.
+program plain_calls
+    use, intrinsic :: iso_c_binding, only: c_char, c_null_char, c_ptr, c_size_t
+    implicit none
+    character, parameter :: nul = c_null_char
+    integer :: qztokenf_new, qztokenf_add, qztokenf_addn, qztokenf_clear, qztokenf_copy, &
+               qztokenf_copyn, qztokenf_delete, qztokenf_delete_token, qztokenf_find_type, &
+               qztokenf_get_double, qztokenf_get_int, qztokenf_get_token, qztokenf_index, &
+               qztokenf_indexn, qztokenf_merge, qztokenf_mergen, qztokenf_num, &
+               qztokenf_regex_compile, qztokenf_regex_index, qztokenf_replace, &
+               qztokenf_tolower_token, qztokenf_toupper
+    external :: qztokenf_new, qztokenf_add, qztokenf_addn, qztokenf_clear, qztokenf_copy, &
+                qztokenf_copyn, qztokenf_delete, qztokenf_delete_token, qztokenf_find_type, &
+                qztokenf_get_double, qztokenf_get_int, qztokenf_get_token, qztokenf_index, &
+                qztokenf_indexn, qztokenf_merge, qztokenf_mergen, qztokenf_num, &
+                qztokenf_regex_compile, qztokenf_regex_index, qztokenf_replace, &
+                qztokenf_tolower_token, qztokenf_toupper
+    interface
+        function qztokenf_get_string(handle) result(text)
+            import :: c_ptr
+            integer, intent(in) :: handle
+            type(c_ptr) :: text
+        end function
+
+        function strlen(text) bind(c) result(length)
+            import :: c_ptr, c_size_t
+            type(c_ptr), value :: text
+            integer(c_size_t) :: length
+        end function
+
+        subroutine free(memory) bind(c)
+            import :: c_ptr
+            type(c_ptr), value :: memory
+        end subroutine
+    end interface
+
+    call errors
+    call tokens
+    call files
+
+contains
+
+    subroutine require(condition, what)
+        logical, intent(in) :: condition
+        character(len=*), intent(in) :: what
+        if (.not. condition) then
+            print '(2a)', 'wrong: ', what
+            error stop 1
+        end if
+    end subroutine
+
+    ! A record thrown on a handler stands in the unit in order with the program's own.
+    subroutine errors
+        character(len=20) :: prefix = 'PLAIN', code
+        character(len=80) :: message = 'mesh 5' // nul, line
+        integer, parameter :: unit = 20
+        integer :: id, status, level, ios
+
+        call qzerrf_new(id, status)
+        call require(status == 1 .and. id == 1, 'new')
+        open (unit, file='plain_calls.log', status='replace', action='readwrite')
+        call qzerrf_file(id, unit, status)
+        call require(status == 1, 'file')
+        call qzerrf_prefix(id, prefix, status)
+        call require(status == 1, 'prefix')
+        call qzerrf_level(id, 3, status)
+        call require(status == 1, 'level')
+        write (unit, '(a)') 'before'
+        call qzerrf_throw(id, 5, message, status)
+        call require(status == 1, 'throw')
+        write (unit, '(a)') 'after'
+        call qzerrf_maxlevel(id, level, status)
+        call require(status == 1 .and. level == 5, 'maxlevel')
+        call qzerrf_return_code(level, code)
+        call require(code == 'QZERR_FATAL', 'return_code')
+        call qzerrf_delete(id)
+
+        rewind (unit)
+        read (unit, '(a)') line
+        call require(line == 'before', 'first record')
+        read (unit, '(a)') line
+        call require(line == 'PLAIN FATAL mesh 5', 'second record: ' // trim(line))
+        read (unit, '(a)') line
+        call require(line == 'after', 'third record')
+        read (unit, '(a)', iostat=ios) line
+        call require(ios /= 0, 'no further record')
+        close (unit, status='delete')
+    end subroutine
+
+    subroutine tokens
+        integer :: list, other, whole
+        double precision :: real_value
+        character(len=255) :: token
+
+        call require(qztokenf_new(list, 'alpha 7 2.5 beta' // nul, ' ' // nul, '' // nul, &
+                                  '' // nul, '' // nul, '' // nul) == 0, 'token new')
+        call require(qztokenf_new(other, '' // nul, ' ' // nul, '' // nul, '' // nul, &
+                                  '' // nul, '' // nul) == 0, 'second list')
+        call require(qztokenf_num(list) == 4, 'num')
+        call require(qztokenf_get_int(list, 1, whole) == 0 .and. whole == 7, 'get_int')
+        call require(qztokenf_get_double(list, 2, real_value) == 0, 'get_double')
+        call require(real_value == 2.5d0, 'the double')
+        call require(qztokenf_find_type(list, 1) == 1, 'find_type')
+        call require(qztokenf_get_token(list, 3, token) == 0, 'get_token')
+        call require(token(1:5) == 'beta' // nul .and. token(255:255) == nul, 'the token')
+        call require(qztokenf_index(list, 'beta' // nul) == 3, 'index')
+        call require(qztokenf_indexn(list, 'alps' // nul, 3) == 0, 'indexn')
+        call require(qztokenf_regex_compile(list) == 0, 'regex_compile')
+        call require(qztokenf_regex_index(list, 'beta' // nul) == 3, 'regex_index')
+        call require(qztokenf_replace(list, 3, 'Gamma' // nul) == 0, 'replace')
+        call require(qztokenf_tolower_token(list, 3) == 5, 'tolower_token')
+        call require(qztokenf_toupper(list) == 0, 'toupper')
+        call require(text_of(list) == 'ALPHA 7 2.5 GAMMA', 'get_string')
+        call require(qztokenf_delete_token(list, 0) == 0, 'delete_token')
+        call require(qztokenf_add(list, 'delta' // nul) == 0, 'add')
+        call require(qztokenf_addn(%val(list), 'abc' // nul, %val(5), %val(0), %val(0)) == 0, &
+                     'addn')
+        call require(text_of(list) == '7 2.5 GAMMA delta "  abc"', 'the field')
+        call require(qztokenf_copy(other, list) == 0, 'copy')
+        call require(qztokenf_merge(other, list) == 0, 'merge')
+        call require(qztokenf_copyn(other, list, 9, 1, 0) == 0, 'copyn')
+        call require(qztokenf_mergen(other, list, 9, 1, 0) == 0, 'mergen')
+        call require(qztokenf_clear(list) == 0 .and. qztokenf_num(list) == 0, 'clear')
+        call require(qztokenf_delete(list) == 0 .and. qztokenf_delete(other) == 0, 'delete')
+    end subroutine
+
+    function text_of(list) result(text)
+        use, intrinsic :: iso_c_binding, only: c_f_pointer
+        integer, intent(in) :: list
+        character(len=:), allocatable :: text
+        character(len=200), pointer :: found
+        type(c_ptr) :: memory
+
+        memory = qztokenf_get_string(list)
+        call c_f_pointer(memory, found)
+        text = found(:int(strlen(memory)))
+        call free(memory)
+    end function
+
+    subroutine files
+        character(len=200) :: path
+        integer :: status
+
+        call qzfilef_initialize(0, status)
+        call require(status == 0, 'initialize')
+        call qzfilef_path_clear(status)
+        call require(status == 0, 'path_clear')
+        call qzfilef_path_set('.', status)
+        call qzfilef_path_add('a/b   ', status)
+        call require(status == 0, 'path_add')
+        call qzfilef_path_get(path, status)
+        call require(status == 0 .and. path == '.:a\b', 'path_get')
+        call qzfilef_path_add_cwd(status)
+        call qzfilef_path_add_home(status)
+        call require(status == 0, 'path_add_home')
+
+        open (21, file='plain_calls.txt', status='replace', access='stream')
+        write (21) 'x' // achar(13) // achar(10)
+        close (21)
+        call qzfilef_exists('plain_calls.txt  ', 0, status)
+        call require(status == 0, 'exists')
+        call qzfilef_find('plain_calls.txt', 0, path, status)
+        call require(status == 0 .and. path == '.\plain_calls.txt', 'find')
+        call qzfilef_dos_to_unix('plain_calls.txt', status)
+        call require(status == 0, 'dos_to_unix')
+        call qzfilef_dos_to_unix_register('plain_calls.txt', status)
+        call qzfilef_dos_to_unix_convert(status)
+        call require(status == 0, 'dos_to_unix_convert')
+        open (21, file='plain_calls.txt')
+        close (21, status='delete')
+
+        call qzfilef_path_is_absolute('C:\a', status)
+        call require(status == 0, 'path_is_absolute')
+        call qzfilef_dir_expand('$QZ_NOT_SET/a', path, status)
+        call require(status == 0 .and. path == '/a', 'dir_expand')
+        call qzfilef_path_localize(path, status)
+        call require(status == 0 .and. path == '\a', 'path_localize')
+    end subroutine
+end program
