@@ -43,10 +43,16 @@ CLI::App *add_command(CLI::App &parent, Chosen &chosen, const std::string &name,
 CLI::Option *add_words(CLI::App &command, const std::string &name, std::vector<std::string> &words,
                        const std::string &description);
 
+// In the order of the help.
 void add_pref_commands(CLI::App &app, Chosen &chosen);
 void add_layout_commands(CLI::App &app, Chosen &chosen);
+void add_find_commands(CLI::App &app, Chosen &chosen);
+void add_line_ending_command(CLI::App &app, Chosen &chosen);
+void add_digest_command(CLI::App &app, Chosen &chosen);
 void add_token_commands(CLI::App &app, Chosen &chosen);
 void add_match_commands(CLI::App &app, Chosen &chosen);
+void add_service_commands(CLI::App &app, Chosen &chosen);
+void add_base64_command(CLI::App &app, Chosen &chosen);
 
 } // namespace qz::cli
 

@@ -81,8 +81,13 @@ int run(int argc, char **argv)
     app.footer(kFooter);
     add_pref_commands(app, chosen);
     add_layout_commands(app, chosen);
+    add_find_commands(app, chosen);
+    add_line_ending_command(app, chosen);
+    add_digest_command(app, chosen);
     add_token_commands(app, chosen);
     add_match_commands(app, chosen);
+    add_service_commands(app, chosen);
+    add_base64_command(app, chosen);
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp &) {

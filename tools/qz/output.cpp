@@ -144,6 +144,8 @@ QString json_text(std::string_view text)
 std::string native(std::string path)
 {
     const char separator = static_cast<char>(QDir::separator().unicode());
+    if (separator == '/' && path.size() > 1 && path[1] == ':')
+        return path; // a drive, which this system does not know
     std::replace_if(
         path.begin(), path.end(), [](char c) { return c == '/' || c == '\\'; }, separator);
     return path;
