@@ -3,7 +3,7 @@
 usage: include_order.py SOURCE_DIRECTORY
 
 Every folder includes the public headers, itself, and folders further down the list; the system's own
-macros are asked for nowhere but in the export macro.
+macros are asked for in the halves of platform/ only.
 """
 
 import pathlib
