@@ -8,7 +8,8 @@ foreach(module IN LISTS QZ_MODULES)
 endforeach()
 
 set(QZ_LINK_PUBLIC Qt6::Core Boost::filesystem)
-set(QZ_LINK_PRIVATE LibXml2::LibXml2 OpenSSL::Crypto absl::flat_hash_set absl::strings
+set(QZ_LINK_PRIVATE LibXml2::LibXml2 ${QZ_DIGEST_LIBRARIES} ${QZ_ABSEIL_LIBRARIES}
+                    absl::flat_hash_set
                     Threads::Threads ${CMAKE_DL_LIBS})
 
 add_library(qzfileshared SHARED ${qz_objects})
