@@ -14,9 +14,6 @@ namespace qz::platform {
 /// Windows: the text as it is; the system takes both separators.
 std::string native_path(std::string_view text);
 
-/// The same into memory that is used again, for many paths one after the other.
-void native_path(std::string_view text, std::string &native);
-
 } // namespace qz::platform
 
 #endif

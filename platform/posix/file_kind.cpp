@@ -4,11 +4,11 @@
 
 namespace qz::platform {
 
-FileKind file_kind(const std::string &native_path)
+FileKind file_kind(const char *native_path)
 {
-    struct stat info {};
+    struct stat info;
 
-    if (::stat(native_path.c_str(), &info) != 0)
+    if (::stat(native_path, &info) != 0)
         return FileKind::None;
     if (S_ISREG(info.st_mode))
         return FileKind::RegularFile;

@@ -1,7 +1,5 @@
 #include "platform/native_path.h"
 
-#include <algorithm>
-
 namespace qz::platform {
 
 namespace {
@@ -15,17 +13,13 @@ bool is_ascii_letter(char c)
 
 std::string native_path(std::string_view text)
 {
-    std::string native;
-    native_path(text, native);
-    return native;
-}
-
-void native_path(std::string_view text, std::string &native)
-{
     if (text.size() >= 2 && is_ascii_letter(text[0]) && text[1] == ':')
-        text = {};
-    native = text;
-    std::replace(native.begin(), native.end(), '\\', '/');
+        return {};
+    std::string native(text);
+    // Every character is stored, for which compilers take many in one step.
+    for (char &c : native)
+        c = c == '\\' ? '/' : c;
+    return native;
 }
 
 } // namespace qz::platform

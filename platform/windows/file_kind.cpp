@@ -7,9 +7,9 @@ namespace qz::platform {
 namespace {
 
 /// The attributes of what a link finally names.
-DWORD followed_attributes(const std::string &native_path)
+DWORD followed_attributes(const char *native_path)
 {
-    const HANDLE file = CreateFileA(native_path.c_str(), FILE_READ_ATTRIBUTES,
+    const HANDLE file = CreateFileA(native_path, FILE_READ_ATTRIBUTES,
                                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                     OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
     if (file == INVALID_HANDLE_VALUE)
@@ -22,9 +22,9 @@ DWORD followed_attributes(const std::string &native_path)
 
 } // namespace
 
-FileKind file_kind(const std::string &native_path)
+FileKind file_kind(const char *native_path)
 {
-    DWORD attributes = GetFileAttributesA(native_path.c_str());
+    DWORD attributes = GetFileAttributesA(native_path);
     if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_REPARSE_POINT))
         attributes = followed_attributes(native_path);
     if (attributes == INVALID_FILE_ATTRIBUTES)

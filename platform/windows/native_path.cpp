@@ -7,9 +7,4 @@ std::string native_path(std::string_view text)
     return std::string(text);
 }
 
-void native_path(std::string_view text, std::string &native)
-{
-    native = text;
-}
-
 } // namespace qz::platform

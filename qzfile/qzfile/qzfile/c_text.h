@@ -3,6 +3,7 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <initializer_list>
 #include <memory>
 #include <string_view>
 #include <utility>
@@ -24,6 +25,22 @@ inline char *new_c_text(std::string_view text)
         std::memcpy(copy, text.data(), text.size());
         copy[text.size()] = '\0';
     }
+    return copy;
+}
+
+/// The same for a text in pieces.
+inline char *new_c_text_of(std::initializer_list<std::string_view> pieces)
+{
+    std::size_t size = 0;
+    for (const std::string_view piece : pieces)
+        size += piece.size();
+    char *copy = static_cast<char *>(std::malloc(size + 1));
+    if (!copy)
+        return nullptr;
+    char *end = copy;
+    for (const std::string_view piece : pieces)
+        end += piece.copy(end, piece.size());
+    *end = '\0';
     return copy;
 }
 

@@ -3,6 +3,8 @@
 
 #include "qzfile/qzfile/qzfile/search_path.h"
 
+#include <string_view>
+
 namespace qz::file {
 
 /// What a lookup asks for, by the callers' numbers; any other number asks for nothing there is.
@@ -17,7 +19,7 @@ struct Lookup {
 
 /// Finds an absolute name where it says and any other in the first directory of the search path
 /// that has it. An empty search path is reported.
-Lookup look_up(const char *name, int type);
+Lookup look_up(std::string_view name, int type);
 
 } // namespace qz::file
 

@@ -1,5 +1,6 @@
 #include "qzfile/qzfile/qzfile/search_path.h"
 
+#include "platform/native_path.h"
 #include "qzfile.hpp"
 #include "qzfile/qzfile/qzfile/c_text.h"
 #include "qzfile/qzfile/qzfile/failure.h"
@@ -59,8 +60,11 @@ void SearchPath::add(SearchDirectory directory)
     const auto is_there = [&](const SearchDirectory &other) {
         return other.text == directory.text;
     };
-    if (std::none_of(directories_.begin(), directories_.end(), is_there))
-        directories_.push_back(std::move(directory));
+    if (std::any_of(directories_.begin(), directories_.end(), is_there))
+        return;
+    if (!directory.text.empty())
+        directory.native_prefix = platform::native_path(append_name(directory.text, ""));
+    directories_.push_back(std::move(directory));
 }
 
 SearchPath &search_path()

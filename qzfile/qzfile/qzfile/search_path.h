@@ -13,6 +13,9 @@ struct SearchDirectory {
     std::string text;
     bool is_working_directory = false; ///< added as what was the working directory then
     bool is_home = false;              ///< added as the user's home
+    /// What comes before a name on its way to the system, kept ready for lookups; "" where nothing
+    /// can be found.
+    std::string native_prefix = {};
 };
 
 /// The directories in which files are looked up, in order and each once.
