@@ -97,7 +97,7 @@ TEST_F(Pref, FirstGetTakesOverAnEarlierRelease)
 {
     write(user_file("2024-2"), document("<d><w dt='int'>77</w></d>"));
     const Answer listed = run("pref list dovrel d");
-    EXPECT_NE(listed.err.find("takes over 1 keys of release 2024-2"), std::string::npos)
+    EXPECT_NE(listed.err.find("takes over 1 key of release 2024-2"), std::string::npos)
         << listed.err;
     EXPECT_FALSE(is_there("sandbox/Halcyra/2025-3"));
     expect({"pref get dovrel d/w", 0, "77\n", "", nullptr});

@@ -37,7 +37,7 @@ void print_json(const QJsonArray &array)
 
 void complain(std::string_view text)
 {
-    std::fprintf(stderr, "qz: %.*s\n", static_cast<int>(text.size()), text.data());
+    std::fprintf(stderr, "qz: %s\n", printable(text).c_str());
 }
 
 int finish_output(int code)
@@ -67,8 +67,8 @@ std::string Style::wrap(const char *code, std::string_view text) const
 
 namespace {
 
-// A longer cell makes its own line longer; the other lines keep their columns.
-constexpr std::size_t kWidestColumn = 48;
+// The widest that a ragged column gets for all lines.
+constexpr std::size_t kRaggedWidth = 40;
 
 /// How many columns of a terminal @p text takes: one a character, none for a combining mark.
 std::size_t columns_of(std::string_view text)
@@ -96,7 +96,7 @@ void Table::print(int indent) const
         widths.resize(std::max(widths.size(), row.size()));
         for (std::size_t i = 0; i < row.size(); ++i) {
             const std::size_t columns = columns_of(printable(row[i].text));
-            if (columns <= kWidestColumn)
+            if (i != ragged_ || columns <= kRaggedWidth)
                 widths[i] = std::max(widths[i], columns);
         }
     }
@@ -120,18 +120,24 @@ std::string printable(std::string_view text)
     static const char kHex[] = "0123456789abcdef";
     std::string shown;
     shown.reserve(text.size());
-    for (const char c : text) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (c == '\n')
+    const auto escape = [&shown](unsigned char byte) {
+        shown += {'\\', 'x', kHex[byte >> 4], kHex[byte & 15]};
+    };
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(text[i]);
+        const auto next = static_cast<unsigned char>(i + 1 < text.size() ? text[i + 1] : 0);
+        if (byte == '\n')
             shown += "\\n";
-        else if (c == '\r')
+        else if (byte == '\r')
             shown += "\\r";
-        else if (c == '\t')
+        else if (byte == '\t')
             shown += "\\t";
         else if (byte < 0x20 || byte == 0x7F)
-            shown += {'\\', 'x', kHex[byte >> 4], kHex[byte & 15]};
+            escape(byte);
+        else if (byte == 0xC2 && next >= 0x80 && next < 0xA0)
+            escape(static_cast<unsigned char>(text[++i])); // U+0080 to U+009F steer terminals too
         else
-            shown += c;
+            shown += text[i];
     }
     return shown;
 }

@@ -69,11 +69,17 @@ public:
 
     void add(std::vector<Cell> row) { rows_.push_back(std::move(row)); }
 
+    /// Lets long cells of @p column make their own lines longer, and no others.
+    void set_ragged(std::size_t column) { ragged_ = column; }
+
     /// Prints every row behind @p indent blanks.
     void print(int indent = 0) const;
 
 private:
+    static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+
     std::vector<std::vector<Cell>> rows_;
+    std::size_t ragged_ = kNone;
 };
 
 /// @p text with its control characters as "\n", "\t" or "\x1b".

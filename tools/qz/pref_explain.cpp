@@ -17,11 +17,6 @@ constexpr const char *kHere = "=> ";
 constexpr const char *kNotHere = "   ";
 constexpr std::size_t kLayerNameWidth = 14;
 
-std::string source_word(QZPrefSource source)
-{
-    return qzpref_source_to_string(source);
-}
-
 /// "int 3", "string "black"", or the name of a type that no getter accepts.
 std::string shown_value(const StoredForm &form)
 {
@@ -43,7 +38,7 @@ void print_headline(const Explanation &explanation, const Style &style)
         line +=
             " = " + style.strong(shown_value(explanation.platform_form_wins ? layer.platform_form
                                                                             : layer.plain_form));
-        line += ", from the layer " + style.good(source_word(explanation.winner));
+        line += ", from the layer " + style.good(qzpref_source_to_string(explanation.winner));
     }
     print_line(line);
     print_line(explanation.reason);
@@ -58,8 +53,7 @@ Cell state_of(const LayerReport &layer)
         return {"not there", &Style::faint};
     if (layer.status)
         return {"left out: " + describe(layer.status), &Style::bad};
-    return "readable, " + std::to_string(layer.key_count) +
-           (layer.key_count == 1 ? " key" : " keys");
+    return "readable, " + count_of_keys(layer.key_count);
 }
 
 /// One line behind @p mark, indented to where the layer's file stands.
@@ -83,7 +77,7 @@ void print_layers(const Explanation &explanation, const Inspection &inspection, 
     for (const LayerReport &layer : explanation.layers) {
         const bool wins = layer.source == explanation.winner;
         const Cell state = state_of(layer);
-        std::string name = source_word(layer.source);
+        std::string name = qzpref_source_to_string(layer.source);
         name.resize(kLayerNameWidth, ' ');
         print_line("");
         print_line(style.good(wins ? kHere : kNotHere) +
@@ -117,7 +111,7 @@ std::string why(const GetterReport &report, const Explanation &explanation)
     case QZPREF_SUCCESS_:
         return {};
     case QZPREF_LOWER_LAYER:
-        return "the value of the layer " + source_word(explanation.winner) +
+        return "the value of the layer " + qzpref_source_to_string(explanation.winner) +
                " is hidden: only the user's own is handed back";
     case QZPREF_KEY_NOT_FOUND:
         return explanation.winner == QZPrefSource_NotFound

@@ -48,11 +48,6 @@ void declare_file(CLI::App &command, FileOptions &options)
     command.add_flag("-a,--all", options.all, "All three layers, not only the user's file");
 }
 
-std::string source_word(QZPrefSource source)
-{
-    return qzpref_source_to_string(source);
-}
-
 /// Lets the first store of a release take over older values.
 QZpref_Err migrate(QZPREF_PRODUCTS product)
 {
@@ -111,8 +106,7 @@ int run_get(const GetOptions &options)
     const LayerReport &user = explanation.layers[QZPrefSource_User];
     if (user.status == QZPREF_ACCESS_ERROR)
         return fail(user.status, user.file);
-    if (user.status)
-        complain("note: " + user.file + ": " + describe(user.status) + " It is left out.");
+    mention_left_out(*inspection);
 
     const QZPREF_TYPE type = wanted_type(options, explanation);
     const bool with_default = bool(*options.fallback_given);
@@ -133,7 +127,7 @@ int run_get(const GetOptions &options)
                                {"type", json_text(type_word(type))},
                                {"value", QJsonValue::fromVariant(*value)},
                                {"is_default", report.gives_default},
-                               {"source", json_text(source_word(explanation.winner))},
+                               {"source", json_text(qzpref_source_to_string(explanation.winner))},
                                {"code", report.code}});
     } else {
         print_line(value_text(*value));
@@ -148,6 +142,7 @@ int run_type(const PrefTarget &options)
         return QZPREF_UNKNOWN_PRODUCT;
     const Inspection inspection(*product);
     mention_pending_migration(inspection);
+    mention_left_out(inspection);
     const Explanation explanation = inspection.explain(full_key(options));
     const std::string word = type_word(explanation.type);
     if (options.json)
@@ -164,9 +159,10 @@ int run_source(const PrefTarget &options)
         return QZPREF_UNKNOWN_PRODUCT;
     const Inspection inspection(*product);
     mention_pending_migration(inspection);
+    mention_left_out(inspection);
     const Explanation explanation = inspection.explain(full_key(options));
     const bool found = explanation.winner != QZPrefSource_NotFound;
-    const std::string word = source_word(explanation.winner);
+    const std::string word = qzpref_source_to_string(explanation.winner);
     if (options.json) {
         QJsonObject answer{{"key", json_text(explanation.key)}, {"source", json_text(word)}};
         if (found)
@@ -185,7 +181,7 @@ QJsonObject json_of(const ListedKey &listed)
             {"value", QJsonValue::fromVariant(stored_value(listed.value, listed.type))},
             {"text", json_text(listed.value)},
             {"comment", json_text(listed.comment)},
-            {"source", json_text(source_word(listed.source))},
+            {"source", json_text(qzpref_source_to_string(listed.source))},
             {"file", json_text(listed.file)},
             {"platform_form", listed.platform_form}};
 }
@@ -197,6 +193,7 @@ int run_list(const GroupOptions &options)
         return QZPREF_UNKNOWN_PRODUCT;
     const Inspection inspection(*product);
     mention_pending_migration(inspection);
+    mention_left_out(inspection);
     const std::vector<ListedKey> keys = inspection.list(options.group);
     if (options.json) {
         QJsonArray answer;
@@ -204,11 +201,13 @@ int run_list(const GroupOptions &options)
             answer.append(json_of(listed));
         print_json(answer);
     } else if (!keys.empty()) {
+        constexpr std::size_t kValueColumn = 2;
         Table table({"KEY", "TYPE", "VALUE", "LAYER", "FILE"});
+        table.set_ragged(kValueColumn);
         for (const ListedKey &listed : keys) {
             table.add({listed.key + (listed.platform_form ? " *" : ""),
                        listed.type ? type_word(listed.type) : '?' + listed.type_text, listed.value,
-                       source_word(listed.source), Cell(listed.file, &Style::faint)});
+                       qzpref_source_to_string(listed.source), Cell(listed.file, &Style::faint)});
         }
         table.print();
     }
@@ -226,6 +225,7 @@ int run_groups(const GroupOptions &options)
         return QZPREF_UNKNOWN_PRODUCT;
     const Inspection inspection(*product);
     mention_pending_migration(inspection);
+    mention_left_out(inspection);
     QJsonArray answer;
     for (const std::string &group : inspection.groups(options.group)) {
         if (options.json)
@@ -244,7 +244,7 @@ std::string state_of(const LayerReport &layer)
         return "not configured";
     if (!layer.exists)
         return "not there";
-    return layer.status ? describe(layer.status) : std::to_string(layer.key_count) + " keys";
+    return layer.status ? describe(layer.status) : count_of_keys(layer.key_count);
 }
 
 int run_file(const FileOptions &options)
@@ -257,7 +257,7 @@ int run_file(const FileOptions &options)
     if (options.json) {
         QJsonArray answer;
         for (const LayerReport &layer : layers) {
-            answer.append(QJsonObject{{"layer", json_text(source_word(layer.source))},
+            answer.append(QJsonObject{{"layer", json_text(qzpref_source_to_string(layer.source))},
                                       {"file", json_text(layer.file)},
                                       {"exists", layer.exists},
                                       {"code", layer.status},
@@ -267,7 +267,7 @@ int run_file(const FileOptions &options)
     } else if (options.all) {
         Table table({"LAYER", "FILE", "STATE"});
         for (const LayerReport &layer : layers)
-            table.add({source_word(layer.source), layer.file, state_of(layer)});
+            table.add({qzpref_source_to_string(layer.source), layer.file, state_of(layer)});
         table.print();
     } else {
         print_line(layers[QZPrefSource_User].file);

@@ -155,6 +155,11 @@ std::string value_text(const QVariant &value)
     return value.toString().toStdString();
 }
 
+std::string count_of_keys(std::size_t count)
+{
+    return std::to_string(count) + (count == 1 ? " key" : " keys");
+}
+
 std::string describe(QZpref_Err code)
 {
     switch (code) {
@@ -197,8 +202,8 @@ std::string pending_migration(const halcyra::preferences::Inspection &inspection
     const halcyra::preferences::PendingMigration pending = inspection.migration();
     if (pending.release.empty())
         return {};
-    return "the first program to open it takes over " + std::to_string(pending.key_count) +
-           " keys of release " + pending.release + " from " + pending.file;
+    return "the first program to open it takes over " + count_of_keys(pending.key_count) +
+           " of release " + pending.release + " from " + pending.file;
 }
 
 void mention_pending_migration(const halcyra::preferences::Inspection &inspection)
@@ -206,6 +211,14 @@ void mention_pending_migration(const halcyra::preferences::Inspection &inspectio
     const std::string pending = pending_migration(inspection);
     if (!pending.empty())
         complain("note: the user's file is not there yet: " + pending);
+}
+
+void mention_left_out(const halcyra::preferences::Inspection &inspection)
+{
+    for (const halcyra::preferences::LayerReport &layer : inspection.layers()) {
+        if (layer.exists && layer.status)
+            complain("note: " + layer.file + " is left out: " + describe(layer.status));
+    }
 }
 
 } // namespace qz::cli

@@ -47,6 +47,9 @@ QVariant stored_value(const std::string &text, QZPREF_TYPE type);
 /// A value as text, the shortest that reads back as the same.
 std::string value_text(const QVariant &value);
 
+/// "1 key", "2 keys".
+std::string count_of_keys(std::size_t count);
+
 /// What a code of the store says, in words.
 std::string describe(QZpref_Err code);
 /// Complains about @p code unless the library has already reported why, and returns it.
@@ -59,6 +62,8 @@ QZpref_Err code_of(const std::string &message);
 std::string pending_migration(const halcyra::preferences::Inspection &inspection);
 /// Says so on standard error.
 void mention_pending_migration(const halcyra::preferences::Inspection &inspection);
+/// Names on standard error the files that are there but cannot be used.
+void mention_left_out(const halcyra::preferences::Inspection &inspection);
 
 void add_pref_read_commands(CLI::App &pref, Chosen &chosen);
 void add_pref_write_commands(CLI::App &pref, Chosen &chosen);
