@@ -121,7 +121,8 @@ private:
 
     void characters()
     {
-        if (xml_.isWhitespace() || xml_.text().trimmed().isEmpty())
+        // Text of the root belongs to no key: one without a name could not be written again.
+        if (starts_.empty() || xml_.isWhitespace() || xml_.text().trimmed().isEmpty())
             return;
         if (key_.size() > key_bytes_left_) {
             xml_.raiseError(QStringLiteral("The nesting is too deep for the size of the file."));

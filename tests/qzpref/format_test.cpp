@@ -111,6 +111,7 @@ const ReadCase kReadCases[] = {
     {"the comment right before belongs to the key", "<!--old--><!--c--><a>1</a>", "a =1 #c\n"},
     {"a comment before a group is lost", "<!--c--><g><a>1</a></g>", "g/a =1\n"},
     {"other attributes are kept", "<a z='1' dt='odd' b='2'>v</a>", "a =v b:2 dt:odd z:1\n"},
+    {"text of the root belongs to no key", "loose<a>1</a>", "a =1\n"},
     {"text in a group makes it a key", "<g x='1'>t<a>1</a></g>", "g =t x:1\ng/a =1\n"},
     {"the last of equal keys counts", "<a>1</a><a>2</a>", "a =2\n"},
     {"entities of the standard and characters by number", "<a>&lt;&#252;&amp;</a>", "a =<ü&\n"},
@@ -299,6 +300,7 @@ TEST(PreferenceKeys, AreValidated)
         {"a colon would be cut off", "x:y", false},
         {"a suffix is given by the platform attribute only", "x:os=linux", false},
         {"not UTF-8", "a\xff", false},
+        {"the root's name is passed over when read", "a/ApplicationSettings", false},
         {"a byte of zero", std::string("a\0b", 3), false},
     };
     for (const KeyCase &c : cases) {

@@ -1,0 +1,1 @@
+qz_fuzzer(preference_file_fuzz SOURCES preference_file_fuzz.cpp)
