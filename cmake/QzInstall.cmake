@@ -29,7 +29,9 @@ file(RELATIVE_PATH QZ_PREFIX_FROM_PKGCONFIGDIR
      "/${QZ_INSTALL_PKGCONFIGDIR}" "/")
 string(REGEX REPLACE "/$" "" QZ_PREFIX_FROM_PKGCONFIGDIR "${QZ_PREFIX_FROM_PKGCONFIGDIR}")
 configure_file(cmake/qzfileshared.pc.in qzfileshared.pc @ONLY)
+configure_file(cmake/qzfileshared-fortran.pc.in qzfileshared-fortran.pc @ONLY)
 install(FILES "${CMAKE_CURRENT_BINARY_DIR}/qzfileshared.pc"
+              "${CMAKE_CURRENT_BINARY_DIR}/qzfileshared-fortran.pc"
     DESTINATION ${QZ_INSTALL_PKGCONFIGDIR} COMPONENT development)
 
 install(FILES README.md docs/architecture.md DESTINATION ${CMAKE_INSTALL_DOCDIR}
