@@ -86,21 +86,16 @@ struct RefusedCase {
 };
 
 const RefusedCase kRefusedCases[] = {
-    {"not on the path",            "none.dat",    "r",
-     "INFO QZFILE: file not found in search path: \"none.dat\"\n"                                                  },
-    {"a directory on the path",    "data",        "r",
-     "INFO QZFILE: file not found in search path: \"data\"\n"                                                      },
-    {"no name",                    "",            "rb", "INFO QZFILE: file not found in search path: \"\"\n"       },
-    {"nothing there",              "/none/a.dat", "rb",
-     "INFO QZFILE: unable to open file (rb): \"/none/a.dat\"\n"                                                    },
-    {"a drive names nothing here", "Q:\\a",       "r+",
-     "INFO QZFILE: unable to open file (r+): \"Q:\\a\"\n"                                                          },
-    {"a directory is no file",     "/",           "r",  "INFO QZFILE: unable to open file (r): \"/\"\n"            },
+    {"not on the path",            "none.dat",    "r",  "file not found in search path: \"none.dat\""},
+    {"a directory on the path",    "data",        "r",  "file not found in search path: \"data\""    },
+    {"no name",                    "",            "rb", "file not found in search path: \"\""        },
+    {"nothing there",              "/none/a.dat", "rb", "unable to open file (rb): \"/none/a.dat\""  },
+    {"a drive names nothing here", "Q:\\a",       "r+", "unable to open file (r+): \"Q:\\a\""        },
+    {"a directory is no file",     "/",           "r",  "unable to open file (r): \"/\""             },
     {"no directory to write in",   "none/a.dat",  "w",
-     "INFO QZFILE: unable to open file for reading: \"none/a.dat\"\n"                                              },
-    {"a directory in the way",     "data",        "ab",
-     "INFO QZFILE: unable to open file for reading: \"data\"\n"                                                    },
-    {"no mode",                    "x.dat",       "",   "INFO QZFILE: unable to open file for reading: \"x.dat\"\n"},
+     "unable to open file for reading: \"none/a.dat\""                                               },
+    {"a directory in the way",     "data",        "ab", "unable to open file for reading: \"data\""  },
+    {"no mode",                    "x.dat",       "",   "unable to open file for reading: \"x.dat\"" },
 };
 
 TEST_F(OpenFiles, SaysWhatCannotBeOpened)
@@ -111,7 +106,7 @@ TEST_F(OpenFiles, SaysWhatCannotBeOpened)
         FILE *stream = stdin;
         EXPECT_EQ(qzfile_open(c.name, &stream, c.mode), -1);
         EXPECT_EQ(stream, nullptr);
-        EXPECT_EQ(messages.text(), c.message);
+        EXPECT_EQ(messages.text(), "INFO QZFILE: " + std::string(c.message) + "\n");
     }
     EXPECT_EQ(std::filesystem::current_path(), root_);
 }
