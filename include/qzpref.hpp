@@ -17,15 +17,29 @@
 #include <string>
 #include <vector>
 
+/** The file that answers for a key. */
 enum QZPrefSource : int {
-    QZPrefSource_User = 0,
-    QZPrefSource_Machine = 1,
-    QZPrefSource_Installation = 2,
-    QZPrefSource_NotFound = 3
+    QZPrefSource_User = 0,         /**< the user's file */
+    QZPrefSource_Machine = 1,      /**< the machine-wide file */
+    QZPrefSource_Installation = 2, /**< the installation-wide file */
+    QZPrefSource_NotFound = 3      /**< none of them */
 };
 
+/** "user", "machine", "installation", "not found"; "unknown" for any other number. */
 QZ_API std::string qzpref_source_to_string(QZPrefSource source);
+
+/**
+ * Directory of the user's preferences, one subdirectory for each release: below the directory that
+ * HALCYRA_QZPREF_SANDBOX names, else the user's local application data. A native path.
+ * @throw std::runtime_error "Failure from method getting path"
+ */
 QZ_API QString qzpref_config_path();
+
+/**
+ * The format of preference files for QSettings objects of the caller's own. Values under a key are
+ * maps with "value", "dt" (the type's name), perhaps "comment", and any other attributes. A store
+ * that is open in the same program sees what such an object has synchronised.
+ */
 QZ_API QSettings::Format getQSettingsFormat();
 
 namespace qz {
@@ -34,39 +48,138 @@ struct StoreSession;
 }
 } // namespace qz
 
+/**
+ * The preferences of one product: the user's file for the current release, over the machine-wide
+ * and the installation-wide file, which are only read.
+ *
+ * Keys are UTF-8, components joined with '/', relative to the groups that are open. Getters forgive
+ * needless separators; set() and beginGroup() take only names by the rules of XML 1.0 elements
+ * without ':'. Within a file a value for the platform we run on comes before one for all.
+ *
+ * Changes are made to the user's file and reach it with syncSettings(), with the destructor, or
+ * when the event loop of the thread that made the store comes round. All stores of a program on one
+ * file see each other's changes at once. Copies share one store: groups and changes of one are
+ * those of all, and each counts as a store of its own.
+ *
+ * Any thread may make, use and destroy stores; one store and its copies in one thread at a time.
+ */
 class QZ_API QZPREF {
 public:
+    /**
+     * Opens the preferences of @p product.
+     *
+     * @param migrate  Whether a user without a file for this release gets the values of the newest
+     *                 earlier release that has any; else an empty file is made.
+     * @throw std::runtime_error with the text of the code that explains it: "The product is not
+     *        recognized by the library.", "Failure to set lock on given settings file.", "Access
+     *        error in using settings file. This might be due to permissions or a full disk.";
+     *        empty when the empty file cannot be made.
+     *
+     * A damaged user's file is discarded, a damaged file below it left out; both with a warning on
+     * Qt's message log. While values are migrated, error handler -1 does not print.
+     */
     QZPREF(QZPREF_PRODUCTS product, bool migrate);
     QZPREF(const QZPREF &other);
+    /** Shares the store of @p other; what this store has not saved is saved when it was the last.
+     */
     QZPREF &operator=(const QZPREF &other);
+    /** Saves what is not saved; a failure is not reported. */
     virtual ~QZPREF();
+
+    /** Removes every key of the user's file, whatever group is open. */
     virtual void clearSettings();
+    /** @param[out] path Native path of the user's file, which need not exist. */
     void getSettingsFile(std::string &path) const;
+
+    /**
+     * Enters a group; an empty one changes nothing but is left all the same.
+     * @return QZPREF_SUCCESS_; QZPREF_INVALID_KEY after "validate_key: Invalid character in the
+     * qzpref key '...'" (QZERR_WARNING on handler -1), and nothing is entered.
+     */
     QZpref_Err beginGroup(const std::string &group);
+    /** Leaves the innermost group; without one, Qt's message log gets a warning. */
     void endGroup();
+    /** The groups entered, joined with '/'; empty without any. */
     std::string getGroup() const;
+
+    /** Values set from now on are for @p platform; 0 stands for the one we run on. */
     void beginOsAttribute(QZPREF_PLATFORM platform);
+    /** Values set from now on are for all platforms. */
     void endOsAttribute();
+
+    /** Saves and takes in what others have saved. @return as qzpref_sync(). */
     QZpref_Err syncSettings();
+
+    /** Whether the user's file has the key: QZPREF_SUCCESS_ or QZPREF_KEY_NOT_FOUND. */
     QZpref_Err hasKey(const std::string &key);
+    /** As hasKey(), of one type; QZPREF_FAILURE for QZPREF_TYPE_NONE. */
     QZpref_Err hasKey(const std::string &key, QZPREF_TYPE type);
+
+    /**
+     * Sets a value in the user's file.
+     *
+     * @param value    An int, double, bool or QString; another type that has a text is stored as
+     *                 that text, and no getter takes it.
+     * @param comment  Stands before the value in the file; an empty one leaves the one there is.
+     * @return as qzpref_set_bool(), with the same messages.
+     */
     QZpref_Err set(const std::string &key, QVariant value, const std::string &comment);
+
+    /**
+     * Reads a value through the layers: user, machine, installation.
+     * @param[out] value  The value, or the type's empty one (0, 0.0, false, "") unless 0 is
+     * returned.
+     * @return QZPREF_SUCCESS_, QZPREF_KEY_NOT_FOUND, or QZPREF_CONVERSION_ERROR when the layer that
+     *         answers holds another type or a text that spells none.
+     */
     QZpref_Err get(const std::string &key, int &value);
-    QZpref_Err get(const std::string &key, double &value);
-    QZpref_Err get(const std::string &key, bool &value);
-    QZpref_Err get(const std::string &key, std::string &value);
+    QZpref_Err get(const std::string &key, double &value);      /**< @copydoc get */
+    QZpref_Err get(const std::string &key, bool &value);        /**< @copydoc get */
+    QZpref_Err get(const std::string &key, std::string &value); /**< @copydoc get */
+
+    /**
+     * Reads a value of the user's own file, else hands back @p fallback. A value of a lower layer
+     * is announced by the code and never handed back; get() reads it.
+     *
+     * @param[out] out  The value or @p fallback.
+     * @return QZPREF_SUCCESS_; QZPREF_CONVERSION_ERROR when the user's file holds no value of the
+     *         type; QZPREF_LOWER_LAYER when only a lower layer has one; QZPREF_KEY_NOT_FOUND.
+     */
     QZpref_Err getInt(const std::string &key, int *out, int fallback);
-    QZpref_Err getDouble(const std::string &key, double *out, double fallback);
-    QZpref_Err getBool(const std::string &key, bool *out, bool fallback);
+    QZpref_Err getDouble(const std::string &key, double *out,
+                         double fallback);                                /**< @copydoc getInt */
+    QZpref_Err getBool(const std::string &key, bool *out, bool fallback); /**< @copydoc getInt */
+    /** @copydoc getInt */
     QZpref_Err getString(const std::string &key, std::string &out, const std::string &fallback);
+    /** Without a default it reads through the layers, as get(). */
     QZpref_Err getString(const std::string &key, std::string &out);
+
+    /**
+     * Reads every value of one type below a group, through all layers. Names are relative to the
+     * group and without platform suffix. What becomes of the open groups and what is returned is
+     * told at qzpref_get_bool_list().
+     * @param[in,out] values  Gets the values; what is in it stays.
+     */
     QZpref_Err getIntList(const std::string &group, std::map<std::string, int> &values);
+    /** @copydoc getIntList */
     QZpref_Err getDoubleList(const std::string &group, std::map<std::string, double> &values);
+    /** @copydoc getIntList */
     QZpref_Err getBoolList(const std::string &group, std::map<std::string, bool> &values);
+    /** @copydoc getIntList */
     QZpref_Err getStringList(const std::string &group, std::map<std::string, std::string> &values);
+
+    /**
+     * Appends the groups below the one we are in, level by level, of the user's file alone.
+     * @param depth  How many levels; 0 for all.
+     * @return Number of levels that have groups.
+     */
     int getSubgroups(std::vector<std::string> &groups, int depth);
+
+    /** Type of a key in any layer, as a value for any platform tells it. */
     QZPREF_TYPE getType(const std::string &key);
+    /** Removes a value or a group from the user's file, as qzpref_remove(). */
     int removeKey(const std::string &key, QZPREF_TYPE type);
+    /** The layer from which get() reads @p key; not found for NULL. */
     QZPrefSource getKeySource(const char *key);
 
 private:
@@ -85,20 +198,44 @@ private:
 namespace halcyra {
 namespace preferences {
 namespace internal {
+/**
+ * Directory of the user's files of a release: below qzpref_config_path(), up to "2017-1" below the
+ * home directory. A native path.
+ * @throw std::runtime_error "Failure from method getting path"
+ */
 QZ_API std::string get_qzpref_directory(const std::string &release);
+/**
+ * The user's file of a product in a release; in "2019-3" some products name theirs otherwise.
+ * @throw std::out_of_range "invalid unordered_map<K, T> key" for a number that is no product.
+ */
 QZ_API QString get_qzpref_file(QZPREF_PRODUCTS product, const QString &release);
+/** The machine-wide file: HALCYRA_MACHINE_PREFERENCE, else a fixed path of Windows. */
 QZ_API QString get_machine_preferences_path();
+/** The installation-wide file: HALCYRA_SITE_PREFERENCE, else below the installation root. */
 QZ_API QString get_suite_preferences_path();
 } // namespace internal
 } // namespace preferences
 
+/**
+ * The same store for callers who want values rather than codes. T is int, double, bool, std::string
+ * or QString; texts are UTF-8. Moving is copying: both share the store.
+ */
 class QZ_API Preferences : public QZPREF {
 public:
+    /** As QZPREF(product, true). */
     explicit Preferences(QZPREF_PRODUCTS product);
+    /**
+     * The value of a key through the layers; a value of another type gives the type's empty value.
+     * @throw std::out_of_range "No key: " and the key, when no layer has it.
+     */
     template <typename T> T get(const std::string &key) const;
+    /** Sets a value for the platforms that QZPREF::set() sets it for; a failure is not reported. */
     template <typename T> void set(const std::string &key, const T &value);
+    /** Whether the user's file has the key. */
     bool hasKey(const std::string &key) const;
+    /** Removes the key and everything below it from the user's file. */
     void removeKey(const std::string &key);
+    /** Removes every key of the user's file. */
     void clear();
 };
 

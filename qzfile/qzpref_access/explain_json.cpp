@@ -70,6 +70,8 @@ QJsonObject to_json(const Explanation &explanation)
 
 int qzpref_explain(QZPREF_PRODUCTS product, const char *key, char **json)
 {
+    if (!json)
+        return QZPREF_FAILURE;
     *json = nullptr;
     if (product_name(product).empty())
         return QZPREF_UNKNOWN_PRODUCT;

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <map>
+#include <mutex>
 #include <new>
 #include <stdexcept>
 
@@ -14,19 +15,51 @@ namespace {
 using Store = std::shared_ptr<QZPREF>;
 
 /// All live handles. A handle is the address of its store.
-std::map<std::size_t, Store> &registry()
-{
-    // Never destroyed: a store is saved when its handle is deleted, not at an arbitrary time of
-    // exit.
-    static auto *const handles = new std::map<std::size_t, Store>;
-    return *handles;
-}
+class Registry {
+public:
+    static Registry &instance()
+    {
+        // Never destroyed: a store is saved when its handle is deleted, not at some time of exit.
+        static auto *const registry = new Registry;
+        return *registry;
+    }
 
-/// The store behind @p h, kept alive while it is in use; NULL for a handle that is none.
+    std::size_t add(Store store)
+    {
+        const auto handle = reinterpret_cast<std::size_t>(store.get());
+        const std::lock_guard<std::mutex> guard(mutex_);
+        stores_[handle] = std::move(store);
+        return handle;
+    }
+
+    /// The store behind @p h, kept alive while it is in use; NULL for a handle that is none.
+    Store find(std::size_t h) const
+    {
+        const std::lock_guard<std::mutex> guard(mutex_);
+        const auto found = stores_.find(h);
+        return found == stores_.end() ? nullptr : found->second;
+    }
+
+    /// Takes the store out, for the caller to let go of outside the lock: that saves it.
+    Store take(std::size_t h)
+    {
+        const std::lock_guard<std::mutex> guard(mutex_);
+        const auto found = stores_.find(h);
+        if (found == stores_.end())
+            return nullptr;
+        Store store = std::move(found->second);
+        stores_.erase(found);
+        return store;
+    }
+
+private:
+    mutable std::mutex mutex_;
+    std::map<std::size_t, Store> stores_;
+};
+
 Store store_of(std::size_t h)
 {
-    const auto found = registry().find(h);
-    return found == registry().end() ? nullptr : found->second;
+    return Registry::instance().find(h);
 }
 
 /// Runs @p call(store) and turns what must not leave a C function into its code.
@@ -87,6 +120,8 @@ int get_list(std::size_t h, const char *key,
              QZpref_Err (QZPREF::*read)(const std::string &, std::map<std::string, Value> &),
              char ***names, Flat **values, int *count)
 {
+    if (!names || !values || !count)
+        return QZPREF_FAILURE;
     *names = nullptr;
     *values = nullptr;
     *count = 0;
@@ -117,12 +152,12 @@ int set_value(std::size_t h, const char *key, const QVariant &value)
 
 int qzpref_new(size_t *h, QZPREF_PRODUCTS product)
 {
+    if (!h)
+        return 1;
     *h = 0;
     try {
         Store store = std::make_shared<QZPREF>(product, true);
-        const auto handle = reinterpret_cast<std::size_t>(store.get());
-        registry()[handle] = std::move(store);
-        *h = handle;
+        *h = Registry::instance().add(std::move(store));
         return 0;
     } catch (const std::runtime_error &error) {
         QMessageLogger("qzpref", 638, "int qzpref_new(size_t *, QZPREF_PRODUCTS)").warning()
@@ -134,7 +169,7 @@ int qzpref_new(size_t *h, QZPREF_PRODUCTS product)
 
 void qzpref_delete(size_t h)
 {
-    registry().erase(h);
+    Registry::instance().take(h);
 }
 
 int qzpref_begin_group(size_t h, const char *key)
@@ -208,6 +243,8 @@ QZPREF_TYPE qzpref_get_type(size_t h, const char *key)
 
 int qzpref_get_bool(size_t h, const char *key, int *value)
 {
+    if (!value)
+        return QZPREF_FAILURE;
     *value = 0;
     return guarded(h, [&](QZPREF &store) {
         bool stored = false;
@@ -219,18 +256,24 @@ int qzpref_get_bool(size_t h, const char *key, int *value)
 
 int qzpref_get_int(size_t h, const char *key, int *value)
 {
+    if (!value)
+        return QZPREF_FAILURE;
     *value = 0;
     return guarded(h, [&](QZPREF &store) { return store.get(text_or_empty(key), *value); });
 }
 
 int qzpref_get_double(size_t h, const char *key, double *value)
 {
+    if (!value)
+        return QZPREF_FAILURE;
     *value = 0.0;
     return guarded(h, [&](QZPREF &store) { return store.get(text_or_empty(key), *value); });
 }
 
 int qzpref_get_string(size_t h, const char *key, char **value)
 {
+    if (!value)
+        return QZPREF_FAILURE;
     std::string stored;
     const int code =
         guarded(h, [&](QZPREF &store) { return store.get(text_or_empty(key), stored); });
@@ -260,6 +303,8 @@ int qzpref_get_string_list(size_t h, const char *key, char ***names, char ***val
 
 int qzpref_get_subgroups(size_t h, int flag, char ***groups, int *count)
 {
+    if (!groups || !count)
+        return 0;
     *groups = nullptr;
     *count = 0;
     return guarded(h, [&](QZPREF &store) {

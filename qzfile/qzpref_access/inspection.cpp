@@ -96,10 +96,10 @@ void report_getters(const char *name, const LayeredRecord &answer,
 
 std::string reason_for(const LayeredRecord &answer, bool platform_form, const std::string &platform)
 {
-    static const char *const kLayers[] = {"The user's file has the key",
-                                          "Only the files below the user's have the key; the "
-                                          "machine's comes first",
-                                          "Only the installation's file has the key"};
+    static const char *const kLayers[] = {
+        "The user's file has the key",
+        "The user's file does not have the key, the machine's file does",
+        "Only the installation's file has the key"};
     if (!answer.record)
         return "No layer has the key for " + platform + " or for all platforms.";
     return std::string(kLayers[answer.layer]) +

@@ -139,6 +139,9 @@ TEST_F(Handles, ThatAreNoneAnswerWithACode)
     int value = 3;
     EXPECT_EQ(qzpref_get_int(none, "k", &value), QZPREF_FAILURE);
     EXPECT_EQ(qzpref_set_int(none, "k", 1), QZPREF_FAILURE);
+    EXPECT_EQ(qzpref_new(nullptr, kProduct), 1);
+    EXPECT_EQ(qzpref_get_int(h_, "k", nullptr), QZPREF_FAILURE);
+    EXPECT_EQ(qzpref_get_int_list(h_, "k", nullptr, nullptr, nullptr), QZPREF_FAILURE);
     EXPECT_EQ(qzpref_set_string(h_, "k", nullptr), 0);
     EXPECT_EQ(qzpref_set_string(h_, nullptr, "x"), QZPREF_INVALID_KEY);
 }
