@@ -60,7 +60,7 @@ Style Style::of_stdout()
 
 std::string Style::wrap(const char *code, std::string_view text) const
 {
-    if (!colours_ || text.empty())
+    if (!colours_ || text.find_first_not_of(' ') == std::string_view::npos)
         return std::string(text);
     return "\x1b[" + std::string(code) + 'm' + std::string(text) + "\x1b[0m";
 }
