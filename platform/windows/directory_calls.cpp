@@ -1,6 +1,7 @@
 #include "platform/directory_calls.h"
 
 #include "platform/native_path.h"
+#include "platform/windows/errno_of_path.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -14,21 +15,23 @@ namespace qz::platform {
 
 namespace {
 
-int errno_of(int result)
+/// Calls a function of the runtime for a path of ours.
+int errno_of(int (*call)(const char *), std::string_view path)
 {
-    return result == 0 ? 0 : errno;
+    const std::string native = native_path(path);
+    return call(native.c_str()) == 0 ? 0 : errno_of_path(native, errno);
 }
 
 } // namespace
 
 int make_directory(std::string_view path)
 {
-    return errno_of(::_mkdir(native_path(path).c_str()));
+    return errno_of(::_mkdir, path);
 }
 
 int change_directory(std::string_view path)
 {
-    return errno_of(::_chdir(native_path(path).c_str()));
+    return errno_of(::_chdir, path);
 }
 
 int current_directory(char *buffer, std::size_t size_bytes)
@@ -39,12 +42,12 @@ int current_directory(char *buffer, std::size_t size_bytes)
 
 int remove_file(std::string_view path)
 {
-    return errno_of(::_unlink(native_path(path).c_str()));
+    return errno_of(::_unlink, path);
 }
 
 int rename_file(std::string_view from, std::string_view to)
 {
-    return errno_of(std::rename(native_path(from).c_str(), native_path(to).c_str()));
+    return std::rename(native_path(from).c_str(), native_path(to).c_str()) == 0 ? 0 : errno;
 }
 
 } // namespace qz::platform

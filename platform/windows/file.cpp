@@ -1,10 +1,10 @@
 #include "platform/file.h"
 
 #include "platform/native_path.h"
+#include "platform/windows/access_list.h"
 #include "platform/windows/errno_from_windows.h"
 
 #include <cerrno>
-#include <vector>
 
 #include <fcntl.h>
 #include <io.h>
@@ -13,23 +13,6 @@
 
 namespace qz::platform {
 
-namespace {
-
-constexpr SECURITY_INFORMATION kAccessList = DACL_SECURITY_INFORMATION;
-
-/// The access list of a file; empty when the user may not read it.
-std::vector<unsigned char> access_list(const std::string &native_path)
-{
-    DWORD size_bytes = 0;
-    GetFileSecurityA(native_path.c_str(), kAccessList, nullptr, 0, &size_bytes);
-    std::vector<unsigned char> list(size_bytes);
-    if (!GetFileSecurityA(native_path.c_str(), kAccessList, list.data(), size_bytes, &size_bytes))
-        list.clear();
-    return list;
-}
-
-} // namespace
-
 std::FILE *qzwin32_fopen(std::string_view path, const char *mode)
 {
     return std::fopen(native_path(path).c_str(), mode);
@@ -37,15 +20,13 @@ std::FILE *qzwin32_fopen(std::string_view path, const char *mode)
 
 std::FILE *create_file_like(const std::string &native_path, const std::string &native_model)
 {
-    std::vector<unsigned char> list = access_list(native_model);
+    AccessList list = access_list(native_model);
     const int fd =
         ::_open(native_path.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT,
                 _S_IREAD | _S_IWRITE);
     if (fd < 0)
         return nullptr;
-    // A user who may not set it leaves the list that the directory hands down.
-    if (!list.empty())
-        SetFileSecurityA(native_path.c_str(), kAccessList, list.data());
+    set_access_list(native_path, list);
     std::FILE *stream = ::_fdopen(fd, "wb");
     if (!stream) {
         const int cause = errno;

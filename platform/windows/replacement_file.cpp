@@ -1,6 +1,11 @@
 #include "platform/replacement_file.h"
 
+#include "platform/windows/access_list.h"
 #include "platform/windows/errno_from_windows.h"
+
+#include <algorithm>
+#include <cstring>
+#include <vector>
 
 #include <windows.h>
 
@@ -8,15 +13,65 @@ namespace qz::platform {
 
 namespace {
 
-// A file that somebody reads at this moment can be neither opened nor replaced; readers are done
-// within milliseconds, virus scanners within a second or two.
 constexpr DWORD kPause_ms = 10;
-constexpr int kTries = 300;
+// A file that somebody reads cannot be replaced. Readers are done within milliseconds, virus
+// scanners within a second or two.
+constexpr int kTriesForReaders = 300;
+// Writers wait for each other, one save after the other; only one that hangs takes so long.
+constexpr int kTriesForWriters = 6000;
 
-bool is_held_by_another(DWORD error)
+/// Calls again while the file is in use, up to @p tries times.
+/// @param call  gives a Windows error code
+/// @return that of the last call.
+template <typename Call, typename IsInUse> DWORD patiently(int tries, Call call, IsInUse is_in_use)
 {
-    return error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED ||
-           error == ERROR_LOCK_VIOLATION || error == ERROR_DELETE_PENDING;
+    for (;;) {
+        const DWORD error = call();
+        if (!is_in_use(error) || --tries == 0)
+            return error;
+        Sleep(kPause_ms);
+    }
+}
+
+bool is_shared_badly(DWORD error)
+{
+    return error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION;
+}
+
+DWORD opened(const std::string &path, DWORD access, DWORD sharing, DWORD disposition, HANDLE &file)
+{
+    file = CreateFileA(path.c_str(), access, sharing, nullptr, disposition, FILE_ATTRIBUTE_NORMAL,
+                       nullptr);
+    return file == INVALID_HANDLE_VALUE ? GetLastError() : DWORD{ERROR_SUCCESS};
+}
+
+/// Whether a target that cannot be replaced may be so a moment later. Windows refuses one that is
+/// in use with the words for a missing right, as it does a directory and a file marked read-only.
+bool may_be_free_soon(const std::string &path, DWORD error)
+{
+    if (error != ERROR_ACCESS_DENIED)
+        return is_shared_badly(error);
+    const DWORD attributes = GetFileAttributesA(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES &&
+           !(attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY));
+}
+
+/// What the rename of an open file takes: a header with the new name behind it.
+std::vector<unsigned char> rename_request(const std::string &to)
+{
+    const UINT code_page = AreFileApisANSI() ? CP_ACP : CP_OEMCP;
+    const int length = MultiByteToWideChar(code_page, 0, to.c_str(), -1, nullptr, 0);
+    std::vector<wchar_t> name(static_cast<std::size_t>(std::max(length, 1)));
+    MultiByteToWideChar(code_page, 0, to.c_str(), -1, name.data(), length);
+
+    const std::size_t name_bytes = name.size() * sizeof(wchar_t);
+    std::vector<unsigned char> request(sizeof(FILE_RENAME_INFO) + name_bytes);
+    FILE_RENAME_INFO header = {};
+    header.ReplaceIfExists = TRUE;
+    header.FileNameLength = static_cast<DWORD>(name_bytes - sizeof(wchar_t));
+    std::memcpy(request.data(), &header, sizeof header);
+    std::memcpy(request.data() + offsetof(FILE_RENAME_INFO, FileName), name.data(), name_bytes);
+    return request;
 }
 
 HANDLE handle_of(std::intptr_t handle)
@@ -38,18 +93,27 @@ int ReplacementFile::open(const std::string &native_target)
 {
     target_ = native_target;
     side_ = target_ + ".new";
-    for (int attempt = 1;; ++attempt) {
-        const HANDLE file = CreateFileA(side_.c_str(), GENERIC_WRITE | FILE_WRITE_ATTRIBUTES, 0,
-                                        nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-        if (file != INVALID_HANDLE_VALUE) {
-            handle_ = reinterpret_cast<std::intptr_t>(file);
-            return 0;
-        }
-        const DWORD error = GetLastError();
-        if (!is_held_by_another(error) || attempt == kTries)
-            return errno_from_windows(error);
-        Sleep(kPause_ms);
-    }
+    HANDLE file = INVALID_HANDLE_VALUE;
+    // DELETE is the right to rename.
+    const auto open_side = [&] {
+        return opened(side_, GENERIC_WRITE | DELETE, 0, CREATE_ALWAYS, file);
+    };
+    if (const DWORD error = patiently(kTriesForWriters, open_side, is_shared_badly))
+        return errno_from_windows(error);
+    handle_ = reinterpret_cast<std::intptr_t>(file);
+
+    // The writer before may have renamed its file and not closed it yet, and so far nobody can read
+    // it. Whatever else keeps the target from being read, the caller will meet it.
+    const auto probe = [&] {
+        HANDLE target = INVALID_HANDLE_VALUE;
+        const DWORD error = opened(target_, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                   OPEN_EXISTING, target);
+        if (target != INVALID_HANDLE_VALUE)
+            CloseHandle(target);
+        return error;
+    };
+    patiently(kTriesForReaders, probe, is_shared_badly);
+    return 0;
 }
 
 int ReplacementFile::write(std::string_view bytes)
@@ -69,6 +133,10 @@ int ReplacementFile::write(std::string_view bytes)
 int ReplacementFile::commit()
 {
     const FileStamp replaced = file_stamp(target_);
+    if (replaced.exists) {
+        AccessList list = access_list(target_);
+        set_access_list(side_, list);
+    }
     FILETIME now{};
     GetSystemTimeAsFileTime(&now);
     constexpr std::int64_t kTicksPerMillisecond = 10'000;
@@ -84,19 +152,20 @@ int ReplacementFile::commit()
     }
     if (!FlushFileBuffers(handle_of(handle_)))
         return errno_from_windows(GetLastError());
+    // Renamed while it is open: a closed side file would be another writer's to begin anew.
+    std::vector<unsigned char> request = rename_request(target_);
+    const auto rename = [&] {
+        const bool is_renamed = SetFileInformationByHandle(
+            handle_of(handle_), FileRenameInfo, request.data(), static_cast<DWORD>(request.size()));
+        return is_renamed ? DWORD{ERROR_SUCCESS} : GetLastError();
+    };
+    const DWORD error = patiently(kTriesForReaders, rename,
+                                  [&](DWORD cause) { return may_be_free_soon(target_, cause); });
+    if (error != ERROR_SUCCESS)
+        return errno_from_windows(error);
     CloseHandle(handle_of(handle_));
     handle_ = -1;
-    for (int attempt = 1;; ++attempt) {
-        if (MoveFileExA(side_.c_str(), target_.c_str(),
-                        MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
-            return 0;
-        const DWORD error = GetLastError();
-        if (!is_held_by_another(error) || attempt == kTries) {
-            DeleteFileA(side_.c_str());
-            return errno_from_windows(error);
-        }
-        Sleep(kPause_ms);
-    }
+    return 0;
 }
 
 } // namespace qz::platform

@@ -2,8 +2,11 @@
 
 #include <vector>
 
-#include <sddl.h>
+// clang-format off
 #include <windows.h>
+#include <sddl.h> // needs the types of the one above
+
+// clang-format on
 
 namespace qz::platform {
 

@@ -1,0 +1,122 @@
+#include "platform/directory.h"
+#include "platform/directory_calls.h"
+#include "platform/directory_of_its_own.h"
+#include "platform/file.h"
+#include "platform/file_kind.h"
+#include "platform/lock_file.h"
+#include "platform/users.h"
+
+#include <cerrno>
+#include <set>
+
+using namespace qz::platform;
+
+namespace {
+
+class Files : public qz::test::DirectoryOfItsOwn {};
+
+TEST_F(Files, TheSameReasonOnEverySystem)
+{
+    write("file", "");
+    std::filesystem::create_directories(path("full/below"));
+
+    const struct {
+        const char *why;
+        int result;
+        int reason;
+    } cases[] = {
+        {"a directory that is there",   make_directory(path("full")),   EEXIST                     },
+        {"below what is not there",     make_directory(path("none/a")), ENOENT                     },
+        {"below a file",                make_directory(path("file/a")), ENOTDIR                    },
+        {"without a name",              make_directory(""),             ENOENT                     },
+        {"into what is not there",      change_directory(path("none")), ENOENT                     },
+        {"into a file",                 change_directory(path("file")), ENOTDIR                    },
+        {"a file that is not there",    remove_file(path("none")),      ENOENT                     },
+        {"to rename what is not there", rename_file(path("none"),       path("b")),                  ENOENT},
+        {"to replace by what is not there",                             replace_file(path("none"),                           path("file")), ENOENT},
+        {"a lock below what is not there",                       make_lock_file(path("none/lock")),                                                     ENOENT                                                },
+    };
+
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.why);
+        EXPECT_EQ(c.result, c.reason);
+    }
+    EXPECT_NE(remove_file(path("full")), 0);
+    EXPECT_TRUE(is_there("full"));
+    EXPECT_NE(make_lock_file(path("full")), 0);
+}
+
+TEST_F(Files, NoDirectoryOpensAsAFile)
+{
+    std::filesystem::create_directory(path("directory"));
+    for (const char *mode : {"r", "rb", "w", "a", "r+"}) {
+        errno = 0;
+        EXPECT_EQ(qzwin32_fopen(path("directory"), mode), nullptr) << mode;
+        EXPECT_NE(errno, 0);
+    }
+}
+
+TEST_F(Files, AreMadeWhereNothingIs)
+{
+    write("model", "");
+    write("there", "kept");
+    EXPECT_EQ(create_file_like(path("there"), path("model")), nullptr);
+    EXPECT_EQ(errno, EEXIST);
+    EXPECT_EQ(read("there"), "kept");
+    std::FILE *stream = create_file_like(path("made"), path("model"));
+    ASSERT_NE(stream, nullptr);
+    std::fputs("a\nb\r\n", stream);
+    std::fclose(stream);
+    EXPECT_EQ(read("made"), "a\nb\r\n") << "a binary stream";
+    EXPECT_EQ(replace_file(path("made"), path("there")), 0);
+    EXPECT_EQ(read("there"), "a\nb\r\n");
+    EXPECT_FALSE(is_there("made"));
+}
+
+TEST_F(Files, AreOfAKind)
+{
+    write("file", "");
+    EXPECT_EQ(file_kind(path("file")), FileKind::RegularFile);
+    EXPECT_EQ(file_kind(root_.string()), FileKind::Directory);
+    EXPECT_EQ(file_kind(path("none")), FileKind::None);
+    EXPECT_EQ(file_kind(path("file/x")), FileKind::None);
+    EXPECT_EQ(file_kind(""), FileKind::None);
+}
+
+TEST_F(Files, AreListedByEveryName)
+{
+    const std::set<std::string> names = {"a", "b c", ".hidden", "\xE9", std::string(200, 'n')};
+    for (const std::string &name : names)
+        write(name, "");
+    for (const std::string &spelled : {root_.string(), root_.string() + "/"}) {
+        const OpenDirectory directory(opendir(spelled));
+        ASSERT_NE(directory, nullptr);
+        std::set<std::string> found;
+        while (const char *name = readdir(directory.get()))
+            found.insert(name);
+        EXPECT_EQ(found.erase(".") + found.erase(".."), 2u);
+        EXPECT_EQ(found, names);
+    }
+    for (const std::string &none : {path("a"), path("none"), std::string()}) {
+        errno = 0;
+        EXPECT_EQ(opendir(none), nullptr);
+        EXPECT_NE(errno, 0);
+    }
+}
+
+TEST_F(Files, ALockFileKeepsWhatItHolds)
+{
+    EXPECT_EQ(make_lock_file(path("lock")), 0);
+    EXPECT_TRUE(is_there("lock"));
+    write("lock", "theirs");
+    EXPECT_EQ(make_lock_file(path("lock")), 0);
+    EXPECT_EQ(read("lock"), "theirs");
+}
+
+TEST(Users, NobodyHasNoHome)
+{
+    EXPECT_EQ(qzwin32_getpwnam("no such user"), std::nullopt);
+    EXPECT_EQ(qzwin32_getpwnam(""), std::nullopt);
+}
+
+} // namespace
