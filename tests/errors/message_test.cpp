@@ -71,7 +71,7 @@ TEST(Throw, TextThatCannotBeFormattedLeavesTheHead)
     const char *no_format = nullptr;
     EXPECT_EQ(qzerr_throw(sink.id(), QZERR_FATAL, no_format), 1);
     EXPECT_EQ(sink.text(), "FATAL ");
-    EXPECT_EQ(qzerr_throw(sink.id(), QZERR_FATAL, "a %ls", L"\x7fffffff"), 1);
+    EXPECT_EQ(qzerr_throw(sink.id(), QZERR_FATAL, "a %ls", L"\xd800"), 1);
     EXPECT_EQ(sink.text().substr(0, 14), "FATAL FATAL a ");
 }
 

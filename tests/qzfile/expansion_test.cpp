@@ -18,7 +18,7 @@ protected:
         set("QZ_TEST_A", "one");
         set("QZ_TEST_LOOP", "$QZ_TEST_A~");
         unset("QZ_TEST_UNSET");
-        home_ = text("home");
+        home_ = home();
     }
 
     std::string home_;
@@ -67,7 +67,7 @@ TEST_F(Expansion, Syntax)
         EXPECT_EQ(qzfile_dir_expand(c.text.c_str(), &out), 0);
         EXPECT_EQ(taken(out), c.expansion);
     }
-    EXPECT_TRUE(is_there("home/Halcyra"));
+    EXPECT_TRUE(is_there(home_ + "/Halcyra"));
 }
 
 TEST_F(Expansion, ReportsAnUnknownUserAndGoesOn)

@@ -4,6 +4,7 @@
 #include "qzerr.hpp"
 #include "qzfile.h"
 
+#include <QDir>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -88,6 +89,19 @@ protected:
     }
 
     std::string text(const std::filesystem::path &name) const { return (root_ / name).string(); }
+
+    /// The user's home: in the scene where a variable names it, else the account's own.
+    static std::string home()
+    {
+        return QDir::toNativeSeparators(QDir::homePath()).toLocal8Bit().toStdString();
+    }
+
+    /// Names the directory for temporary files by every variable that a system looks at.
+    void set_temporary_directory(const std::string &directory)
+    {
+        for (const char *variable : {"TMPDIR", "TMP", "TEMP"})
+            set(variable, directory);
+    }
 
 private:
     QTemporaryDir directory_;

@@ -76,10 +76,10 @@ TEST_F(SearchPath, OfAFreshProcess)
     const qz::file::SearchPath fresh;
     for (const qz::file::SearchDirectory &directory : fresh.directories())
         texts += directory.text + "|";
-    std::string home = text("home");
-    qzfile_path_localize(home.data(), static_cast<int>(home.size()));
+    std::string user = home();
+    qzfile_path_localize(user.data(), static_cast<int>(user.size()));
     const std::string data = "\\opt\\plindra\\bin\\linux\\..\\..\\data";
-    EXPECT_EQ(texts, ".|" + home + "\\Halcyra\\plindra|" + data + "|" + data + "\\res|" + data +
+    EXPECT_EQ(texts, ".|" + user + "\\Halcyra\\plindra|" + data + "|" + data + "\\res|" + data +
                          "\\xres|");
 }
 
@@ -139,7 +139,7 @@ TEST_F(SearchPath, SaysWhereADirectoryComesFrom)
                                               root_.string() +
                                               "\n"
                                               "item:3  cwd:0 home:1  dir:" +
-                                              text("home") + "\n");
+                                              home() + "\n");
     EXPECT_EQ(qzfile_path_print(nullptr), -1);
     EXPECT_EQ(printed([](FILE *stream) { qz::file::print(nullptr, stream); }),
               "** null object passed to print_search_path **\n");

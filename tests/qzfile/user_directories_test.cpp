@@ -29,8 +29,21 @@ protected:
 
 TEST_F(UserDirectories, FollowTheDesktop)
 {
-    set("XDG_CONFIG_HOME", text("roaming"));
-    set("XDG_DATA_HOME", text("local"));
+    // Windows tells the folders of the account in variables, which steer nothing; a desktop on
+    // POSIX is told where they are.
+    const bool are_told = qEnvironmentVariableIsSet("LOCALAPPDATA");
+    std::string roaming = text("roaming");
+    std::string local = text("local");
+    std::string places = text("home/Public");
+    if (are_told) {
+        roaming = qgetenv("APPDATA").toStdString();
+        local = qgetenv("LOCALAPPDATA").toStdString();
+        places = roaming + "\\Microsoft\\Windows\\Network Shortcuts";
+    } else {
+        set("XDG_CONFIG_HOME", roaming);
+        set("XDG_DATA_HOME", local);
+    }
+    const std::string separator(1, std::filesystem::path::preferred_separator);
 
     const struct {
         int (*function)(char **);
@@ -38,16 +51,15 @@ TEST_F(UserDirectories, FollowTheDesktop)
         bool is_made;
         DirectoryName name;
     } cases[] = {
-        {qzfile_halcyra_appdata_dir,       text("roaming") + "\\Halcyra",    true,  DirectoryName::AppData    },
-        {qzfile_halcyra_local_appdata_dir, text("local") + "\\Halcyra",      true,
-         DirectoryName::LocalAppData                                                                          },
-        {qzfile_halcyra_userdata_dir,      text("home") + "\\Halcyra",       true,  DirectoryName::UserData   },
-        {qzfile_get_halcyra_temp,          text("local") + "\\Halcyra\\tmp", true,  DirectoryName::Temp       },
-        {qzfile_get_desktop_dir,           text("home/Desktop"),             false, DirectoryName::Desktop    },
-        {qzfile_get_mydocuments_dir,       text("home/Documents"),           false, DirectoryName::MyDocuments},
-        {qzfile_get_mynetworkplaces_dir,   text("home/Public"),              false,
-         DirectoryName::MyNetworkPlaces                                                                       },
-        {qzfile_dir_home,                  text("home"),                     true,  DirectoryName::Home       },
+        {qzfile_halcyra_appdata_dir,       roaming + "\\Halcyra",            true,  DirectoryName::AppData        },
+        {qzfile_halcyra_local_appdata_dir, local + "\\Halcyra",              true,  DirectoryName::LocalAppData   },
+        {qzfile_halcyra_userdata_dir,      home() + "\\Halcyra",             true,  DirectoryName::UserData       },
+        {qzfile_get_halcyra_temp,          local + "\\Halcyra\\tmp",         true,  DirectoryName::Temp           },
+        {qzfile_get_desktop_dir,           home() + separator + "Desktop",   false, DirectoryName::Desktop        },
+        {qzfile_get_mydocuments_dir,       home() + separator + "Documents", false,
+         DirectoryName::MyDocuments                                                                               },
+        {qzfile_get_mynetworkplaces_dir,   places,                           false, DirectoryName::MyNetworkPlaces},
+        {qzfile_dir_home,                  home(),                           true,  DirectoryName::Home           },
     };
 
     for (const auto &c : cases) {
@@ -56,7 +68,7 @@ TEST_F(UserDirectories, FollowTheDesktop)
         EXPECT_EQ(qzfile_get_directory_path(c.name), c.directory);
         std::string native = c.directory;
         qzfile_path_to_unix(native.data(), static_cast<int>(native.size()));
-        EXPECT_EQ(std::filesystem::is_directory(native), c.is_made);
+        EXPECT_EQ(std::filesystem::is_directory(native), c.is_made || are_told);
     }
     for (int value : {0, 9, -1})
         EXPECT_THROW(qzfile_get_directory_path(DirectoryName(value)), std::runtime_error);
@@ -68,7 +80,7 @@ TEST_F(UserDirectories, VariablesReplaceThem)
     EXPECT_EQ(call(qzfile_halcyra_appdata_dir), text("over/ride"));
     EXPECT_EQ(call(qzfile_halcyra_local_appdata_dir), text("over/ride"));
     EXPECT_TRUE(is_there("over/ride"));
-    EXPECT_EQ(call(qzfile_halcyra_userdata_dir), text("home") + "\\Halcyra");
+    EXPECT_EQ(call(qzfile_halcyra_userdata_dir), home() + "\\Halcyra");
     EXPECT_EQ(call(qzfile_get_halcyra_temp), text("over/ride") + "\\tmp");
     set("HALCYRA_TMPDIR", text("t/m/p"));
     EXPECT_EQ(call(qzfile_get_halcyra_temp), text("t/m/p"));
@@ -127,6 +139,8 @@ TEST_F(UserDirectories, AReleaseDirectoryThatCannotBeMadeIsOnlyMissing)
 
 TEST_F(UserDirectories, WithoutAHome)
 {
+    if (qEnvironmentVariableIsSet("LOCALAPPDATA"))
+        GTEST_SKIP() << "here the account says where the home is, and no variable";
     touch("file");
     set("HOME", text("file"));
 
