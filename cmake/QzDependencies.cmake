@@ -7,9 +7,12 @@ find_package(OpenSSL REQUIRED COMPONENTS Crypto)
 find_package(absl REQUIRED)
 find_package(Threads REQUIRED)
 # Prototypes of the embedding interface only: the interpreter itself is found in the running
-# process, so nothing of it is linked.
-find_package(PkgConfig)
-if(PkgConfig_FOUND)
-    pkg_check_modules(QZ_PYTHON python3)
+# process, so nothing of it is linked. The half for Windows brings its own prototypes, and the
+# machine's pkg-config would speak of the wrong system when it is built from another.
+if(NOT WIN32)
+    find_package(PkgConfig)
+    if(PkgConfig_FOUND)
+        pkg_check_modules(QZ_PYTHON python3)
+    endif()
+    find_path(QZ_PYTHON_INCLUDE_DIR Python.h HINTS ${QZ_PYTHON_INCLUDE_DIRS} REQUIRED)
 endif()
-find_path(QZ_PYTHON_INCLUDE_DIR Python.h HINTS ${QZ_PYTHON_INCLUDE_DIRS} REQUIRED)

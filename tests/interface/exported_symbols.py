@@ -1,10 +1,13 @@
 """Compares what the shared library exports with symbols.txt, and the C headers with both.
 
-usage: exported_symbols.py [--update] LIBRARY HEADER.h ...
+usage: exported_symbols.py [--update] [--nm NM] LIBRARY HEADER.h ...
+
+LIBRARY is the shared object, or the import library of the DLL: both have the same list.
 
 pending.txt names the functions that a header declares and that are not made yet.
 """
 
+import argparse
 import difflib
 import pathlib
 import re
@@ -25,13 +28,21 @@ SHORTER = [
 ]
 
 
-def exported(library):
-    lines = subprocess.run(["nm", "-DC", "--defined-only", library], check=True,
+# The same types by other names: what 64 bits are called differs between the systems.
+SHORTER_IN_DLL = [(r"\bunsigned long long\b", "unsigned long"), (r"\blong long\b", "long")]
+
+
+def exported(nm, library):
+    is_dll = library.endswith(".dll.a")
+    lines = subprocess.run([nm, "-gC" if is_dll else "-DC", "--defined-only", library], check=True,
                            capture_output=True, text=True).stdout.splitlines()
     names = set()
     for line in lines:
+        # An import library has two symbols for each function: the jump and the address.
+        if not re.match(r"[0-9a-f]+ +\w ", line) or (is_dll and " I " in line):
+            continue
         name = re.sub(r"^[0-9a-f]* +\w ", "", line)
-        for pattern, text in SHORTER:
+        for pattern, text in SHORTER + SHORTER_IN_DLL * is_dll:
             name = re.sub(pattern, text, name)
         names.add(name)
     return sorted(names)
@@ -51,9 +62,14 @@ def differences(list_name, found, update):
 
 
 def main(arguments):
-    update = "--update" in arguments
-    library, *headers = [a for a in arguments if a != "--update"]
-    symbols = exported(library)
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--update", action="store_true")
+    parser.add_argument("--nm", default="nm")
+    parser.add_argument("library")
+    parser.add_argument("headers", nargs="+")
+    given = parser.parse_args(arguments)
+    update, headers = given.update, given.headers
+    symbols = exported(given.nm, given.library)
     functions = [name for header in headers for name in declared(header)]
     pending = sorted(set(functions) - set(symbols))
 
