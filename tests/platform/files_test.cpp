@@ -76,10 +76,10 @@ TEST_F(Files, AreMadeWhereNothingIs)
 TEST_F(Files, AreOfAKind)
 {
     write("file", "");
-    EXPECT_EQ(file_kind(path("file")), FileKind::RegularFile);
-    EXPECT_EQ(file_kind(root_.string()), FileKind::Directory);
-    EXPECT_EQ(file_kind(path("none")), FileKind::None);
-    EXPECT_EQ(file_kind(path("file/x")), FileKind::None);
+    EXPECT_EQ(file_kind(path("file").c_str()), FileKind::RegularFile);
+    EXPECT_EQ(file_kind(root_.string().c_str()), FileKind::Directory);
+    EXPECT_EQ(file_kind(path("none").c_str()), FileKind::None);
+    EXPECT_EQ(file_kind(path("file/x").c_str()), FileKind::None);
     EXPECT_EQ(file_kind(""), FileKind::None);
 }
 

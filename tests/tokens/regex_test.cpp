@@ -9,6 +9,7 @@
 #include <cstring>
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace {
 
@@ -154,7 +155,8 @@ TEST_F(Regex, FindsTheSubMatches)
         const Program program = compiled(c.pattern);
         ASSERT_NE(program, nullptr);
         std::string found;
-        const int groups = static_cast<int>(std::count(c.pattern, std::strchr(c.pattern, 0), '('));
+        const std::string_view pattern = c.pattern;
+        const int groups = static_cast<int>(std::count(pattern.begin(), pattern.end(), '('));
         const int matched = qz_regexec(program.get(), c.text);
         for (int i = 0; matched == 1 && i <= groups; ++i) {
             if (std::strstr(c.pattern, "\\(") != nullptr && i == groups)
