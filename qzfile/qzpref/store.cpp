@@ -1,3 +1,4 @@
+#include "platform/native_path.h"
 #include "qzerr.hpp"
 #include "qzfile.hpp"
 #include "qzfile/qzpref/file_lock.h"
@@ -17,6 +18,15 @@
 using namespace qz::pref;
 
 namespace {
+
+/// @p path from the root on; one that names nothing on this system is not taken for a name in the
+/// current directory.
+QString absolute(const QString &path)
+{
+    const bool names_nothing =
+        qz::platform::native_path(QFile::encodeName(path).toStdString()).empty();
+    return names_nothing ? path : QFileInfo(path).absoluteFilePath();
+}
 
 /// Keeps error handler -1 from printing for a scope.
 class QuietHandler {
@@ -79,8 +89,7 @@ QZpref_Err QZPREF::initialize_handle(bool migrate)
 
     const QString release = QString::fromStdString(halcyra::release_name());
     const QString path =
-        QFileInfo(halcyra::preferences::internal::get_qzpref_file(product_, release))
-            .absoluteFilePath();
+        absolute(halcyra::preferences::internal::get_qzpref_file(product_, release));
     FileLock lock(path, FileLock::Mode::Shared);
     if (const QZpref_Err failure = lock.acquire())
         return failure;
@@ -115,6 +124,8 @@ QZpref_Err QZPREF::create_empty_preference_file()
 {
     namespace fs = boost::filesystem;
     using halcyra::preferences::internal::get_qzpref_directory;
+    if (QFileInfo(settings_->file->path()).isRelative())
+        return QZPREF_FAILURE;
     boost::system::error_code error;
     const fs::path directory = get_qzpref_directory(halcyra::release_name());
     if (!fs::exists(directory, error))

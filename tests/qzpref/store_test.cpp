@@ -427,6 +427,16 @@ TEST_F(Store, EmptyFilesAreMadeWithoutMigrationOnly)
     EXPECT_TRUE(is_there("sandbox3/Halcyra/2025-3/Dovrel.xml"));
 }
 
+TEST_F(Store, DriveThatIsNotThereIsNoDirectoryOfOurs)
+{
+    set("HALCYRA_QZPREF_SANDBOX", "Q:\\nowhere");
+    EXPECT_THROW(QZPREF(kProduct, false), std::runtime_error);
+    QZPREF store(kProduct, true);
+    EXPECT_EQ(store.set("k", 1, ""), 0);
+    EXPECT_EQ(store.syncSettings(), QZPREF_ACCESS_ERROR);
+    EXPECT_TRUE(std::filesystem::is_empty(root_));
+}
+
 TEST_F(Store, MigratesFromTheNewestReleaseThatHasKeys)
 {
     write(user_file("2025-2"), "damaged");
