@@ -2,6 +2,7 @@
 #define QZ_TESTS_TOOLS_PROGRAM_H
 
 #include <QProcess>
+#include <QSysInfo>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -15,6 +16,14 @@ struct Answer {
     std::string out;
     std::string err;
 };
+
+/// What a program has written, with the line ends of C: on Windows its streams write others.
+inline std::string text_of(QByteArray written)
+{
+    if (QSysInfo::productType() == QLatin1String("windows"))
+        written.replace("\r\n", "\n");
+    return written.toStdString();
+}
 
 /// The words of @p line; '...' holds a word with blanks, or an empty one.
 inline QStringList words_of(const std::string &line)
@@ -40,8 +49,8 @@ inline Answer run(const std::string &line, const std::string &input = {})
     Answer answer;
     if (process.waitForFinished() && process.exitStatus() == QProcess::NormalExit)
         answer.code = process.exitCode();
-    answer.out = process.readAllStandardOutput().toStdString();
-    answer.err = process.readAllStandardError().toStdString();
+    answer.out = text_of(process.readAllStandardOutput());
+    answer.err = text_of(process.readAllStandardError());
     return answer;
 }
 
