@@ -25,6 +25,9 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
+# The machine's own pkg-config speaks of the machine's own libraries.
+set(ENV{PKG_CONFIG_LIBDIR} "${QZ_WINDOWS_PREFIX}/lib/pkgconfig")
+
 # Qt takes the programs that run while it builds from the machine it builds on.
 set(QT_HOST_PATH /usr CACHE PATH "")
 set(QT_HOST_PATH_CMAKE_DIR /usr/lib/${CMAKE_HOST_SYSTEM_PROCESSOR}-linux-gnu/cmake CACHE PATH "")
