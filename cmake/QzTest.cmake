@@ -21,6 +21,15 @@ function(qz_test name)
     endforeach()
 endfunction()
 
+# qz_test_not_here(REASON SOURCES ...): tests that cannot be on the system that is built for.
+function(qz_test_not_here reason)
+    foreach(source IN LISTS ARGN)
+        message(STATUS "Without ${source}: ${reason}")
+        set_property(GLOBAL APPEND PROPERTY QZ_REGISTERED_TESTS
+                     "${CMAKE_CURRENT_SOURCE_DIR}/${source}")
+    endforeach()
+endfunction()
+
 # A test that nobody runs protects nothing: one that is not registered stops the configuration.
 function(qz_check_tests_are_registered)
     get_property(registered GLOBAL PROPERTY QZ_REGISTERED_TESTS)
