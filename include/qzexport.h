@@ -5,12 +5,14 @@
 #define QZFILESHARED_QZEXPORT_H
 
 #if defined(_WIN32) && defined(QZFILESHARED_STATIC)
+/** Marks what the library exports; of the static library nothing is. */
 #define QZ_API
 #elif defined(_WIN32) && defined(QZFILESHARED_BUILD)
 #define QZ_API __declspec(dllexport)
 #elif defined(_WIN32)
 #define QZ_API __declspec(dllimport)
 #else
+/** Marks what the library exports. */
 #define QZ_API __attribute__((visibility("default")))
 #endif
 
