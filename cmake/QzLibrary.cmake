@@ -9,8 +9,7 @@ endforeach()
 
 set(QZ_LINK_PUBLIC Qt6::Core Boost::filesystem)
 set(QZ_LINK_PRIVATE LibXml2::LibXml2 ${QZ_DIGEST_LIBRARIES} ${QZ_ABSEIL_LIBRARIES}
-                    absl::flat_hash_set
-                    Threads::Threads ${CMAKE_DL_LIBS})
+                    absl::flat_hash_set Threads::Threads ${CMAKE_DL_LIBS})
 
 add_library(qzfileshared SHARED ${qz_objects})
 add_library(qzfileshared::qzfileshared ALIAS qzfileshared)
@@ -22,7 +21,9 @@ if(WIN32)
     set_target_properties(qzfileshared PROPERTIES PREFIX "" IMPORT_PREFIX "")
 else()
     set(qz_symbols "${PROJECT_SOURCE_DIR}/cmake/qzfileshared.map")
-    target_link_options(qzfileshared PRIVATE "-Wl,--version-script=${qz_symbols}")
+    # Calls from one exported function to another need not ask who else exports that name.
+    target_link_options(qzfileshared PRIVATE
+        "-Wl,--version-script=${qz_symbols}" -Wl,-Bsymbolic-functions)
     set_target_properties(qzfileshared PROPERTIES LINK_DEPENDS "${qz_symbols}")
 endif()
 target_link_libraries(qzfileshared PUBLIC qz_headers ${QZ_LINK_PUBLIC} PRIVATE ${QZ_LINK_PRIVATE})
