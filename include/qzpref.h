@@ -14,7 +14,7 @@ extern "C" {
 
 /** Result of most calls on preferences. */
 typedef enum QZpref_Err {
-    QZPREF_SUCCESS_ = 0,
+    QZPREF_SUCCESS_ = 0, /**< done */
     /** No open file, an empty file that cannot be made, a value of the wrong type for an existing
      *  key, or a value that no preference file can hold. */
     QZPREF_FAILURE = 1,
@@ -40,7 +40,7 @@ typedef enum QZPREF_PLATFORM {
 
 /** Type of a stored value, as its "dt" attribute names it. */
 typedef enum QZPREF_TYPE {
-    QZPREF_TYPE_NONE = 0,
+    QZPREF_TYPE_NONE = 0, /**< no such key, or a type that is none of these */
     QZPREF_TYPE_INT,
     QZPREF_TYPE_STRING,
     QZPREF_TYPE_DOUBLE,

@@ -79,6 +79,7 @@ public:
      * Qt's message log. While values are migrated, error handler -1 does not print.
      */
     QZPREF(QZPREF_PRODUCTS product, bool migrate);
+    /** Makes a copy, which is the same store. */
     QZPREF(const QZPREF &other);
     /** Shares the store of @p other; what this store has not saved is saved when it was the last.
      */
@@ -239,6 +240,7 @@ public:
     void clear();
 };
 
+/// @cond the forms of get() and set() that there are
 template <> QZ_API int Preferences::get<int>(const std::string &key) const;
 template <> QZ_API double Preferences::get<double>(const std::string &key) const;
 template <> QZ_API bool Preferences::get<bool>(const std::string &key) const;
@@ -251,33 +253,35 @@ template <>
 QZ_API void Preferences::set<std::string>(const std::string &key, const std::string &value);
 template <> QZ_API void Preferences::set<QString>(const std::string &key, const QString &value);
 
+/// @endcond
+
 namespace preferences {
 
 /** One spelling of a key as one file holds it. */
 struct StoredForm {
-    bool present = false;
+    bool present = false; /**< whether the file has it; else all else is empty */
     std::string key; /**< full key; with ":os=" and the platform's name for the platform form */
-    QZPREF_TYPE type = QZPREF_TYPE_NONE;
+    QZPREF_TYPE type = QZPREF_TYPE_NONE; /**< type of the value */
     std::string type_text; /**< the "dt" attribute as it stands, also when it names no known type */
     std::string value;     /**< text of the value, UTF-8 */
-    std::string comment;
+    std::string comment;   /**< what the file says above the value */
 };
 
 /** One of the three files that answer for a product. */
 struct LayerReport {
-    QZPrefSource source = QZPrefSource_NotFound;
+    QZPrefSource source = QZPrefSource_NotFound; /**< whose file it is */
     std::string file;                    /**< native path; empty when no file is configured */
     bool exists = false;                 /**< whether something is there */
     QZpref_Err status = QZPREF_SUCCESS_; /**< why the file is left out, else QZPREF_SUCCESS_ */
-    std::size_t key_count = 0;
-    StoredForm platform_form; /**< of the key that was asked for, on this platform */
-    StoredForm plain_form;    /**< of the key that was asked for, on all platforms */
+    std::size_t key_count = 0;           /**< number of keys that it holds */
+    StoredForm platform_form;            /**< of the key that was asked for, on this platform */
+    StoredForm plain_form;               /**< of the key that was asked for, on all platforms */
 };
 
 /** What one kind of getter gives for a key. */
 struct GetterReport {
-    std::string getter; /**< "get(int)", "getInt(default)", ... */
-    QZpref_Err code = QZPREF_SUCCESS_;
+    std::string getter;                /**< "get(int)", "getInt(default)", ... */
+    QZpref_Err code = QZPREF_SUCCESS_; /**< what it returns */
     bool gives_default = false; /**< the caller's default, or the type's empty value, comes back */
     std::string value;          /**< text of the value that comes back when it is no default */
 };
@@ -287,30 +291,30 @@ struct Explanation {
     std::string key;                 /**< as it is kept */
     std::string platform;            /**< "windows", "linux" or "darwin" */
     std::vector<LayerReport> layers; /**< user, machine, installation: the order of the lookup */
-    QZPrefSource winner = QZPrefSource_NotFound;
-    bool platform_form_wins = false;
-    std::string reason; /**< one sentence */
-    QZPREF_TYPE type = QZPREF_TYPE_NONE;
-    std::vector<GetterReport> getters;
+    QZPrefSource winner = QZPrefSource_NotFound; /**< the layer that answers */
+    bool platform_form_wins = false;             /**< with its value for this platform */
+    std::string reason;                          /**< one sentence */
+    QZPREF_TYPE type = QZPREF_TYPE_NONE;         /**< as QZPREF::getType() gives it */
+    std::vector<GetterReport> getters;           /**< one for each kind */
 };
 
 /** One preference as it answers on this platform. */
 struct ListedKey {
-    std::string key; /**< full key without platform suffix */
-    QZPREF_TYPE type = QZPREF_TYPE_NONE;
-    std::string type_text;
-    std::string value;
-    std::string comment;
-    QZPrefSource source = QZPrefSource_NotFound;
-    std::string file;
-    bool platform_form = false;
+    std::string key;                             /**< full key without platform suffix */
+    QZPREF_TYPE type = QZPREF_TYPE_NONE;         /**< type of the value */
+    std::string type_text;                       /**< the "dt" attribute as it stands */
+    std::string value;                           /**< text of the value, UTF-8 */
+    std::string comment;                         /**< what the file says above the value */
+    QZPrefSource source = QZPrefSource_NotFound; /**< the layer that answers */
+    std::string file;                            /**< its file, a native path */
+    bool platform_form = false; /**< whether the value is for this platform alone */
 };
 
 /** The release from which the first store of a product would take over its values. */
 struct PendingMigration {
-    std::string release; /**< empty when there is nothing to take over or no need to */
-    std::string file;
-    std::size_t key_count = 0;
+    std::string release;       /**< empty when there is nothing to take over or no need to */
+    std::string file;          /**< its file, a native path */
+    std::size_t key_count = 0; /**< number of keys to take over */
 };
 
 /**
@@ -340,6 +344,7 @@ public:
     std::vector<ListedKey> list(const std::string &group) const;
     /** Every group below @p group in any layer, by its full path, in order. */
     std::vector<std::string> groups(const std::string &group) const;
+    /** @return what the first store of the product would take over. */
     PendingMigration migration() const;
 
 private:
