@@ -72,7 +72,16 @@ QZPREF::QZPREF(const QZPREF &other)
     store_opened();
 }
 
-QZPREF &QZPREF::operator=(const QZPREF &other) = default;
+QZPREF &QZPREF::operator=(const QZPREF &other)
+{
+    // Nobody else may hold the store that is let go of, and with it would go what is not saved.
+    if (settings_ != other.settings_)
+        syncSettings();
+    product_ = other.product_;
+    os_attribute_ = other.os_attribute_;
+    settings_ = other.settings_;
+    return *this;
+}
 
 QZPREF::~QZPREF()
 {

@@ -199,7 +199,9 @@ TEST_F(Wrapper, CopiesAndMovesShareOneStore)
     EXPECT_EQ(first->get<int>("k"), 1) << "a move leaves its source as it was";
     EXPECT_EQ(moved.getGroup(), "g");
     Preferences assigned(QZPREF_ATELIO);
+    assigned.set<int>("kept", 1);
     assigned = moved;
+    EXPECT_TRUE(Preferences(QZPREF_ATELIO).hasKey("kept")) << "what was let go of is saved";
     first.reset();
     EXPECT_EQ(assigned.get<int>("k"), 1) << "the first to go takes nothing from the others";
     std::string file;
