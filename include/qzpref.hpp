@@ -81,8 +81,7 @@ public:
     QZPREF(QZPREF_PRODUCTS product, bool migrate);
     /** Makes a copy, which is the same store. */
     QZPREF(const QZPREF &other);
-    /** Shares the store of @p other; what this store has not saved is saved when it was the last.
-     */
+    /** Saves what this store has not saved, then shares the store of @p other. */
     QZPREF &operator=(const QZPREF &other);
     /** Saves what is not saved; a failure is not reported. */
     virtual ~QZPREF();
