@@ -18,10 +18,9 @@ struct QzerrHandler {
     bool in_use = true;
     std::uint32_t level = QZERR_WARNING;
 
-    union {
-        FILE *stream = nullptr; ///< borrowed
-        std::int32_t unit;
-    } destination; ///< which of the two, says kind
+    // Both are kept: the kind alone may be put back to an earlier one, whatever was set meanwhile.
+    FILE *stream = nullptr; ///< borrowed; where messages go while the kind is kStream
+    std::int32_t unit = 0;  ///< where they go while it is kFortranUnit
 
     int (*window)(const char *message) = nullptr;
     std::uint32_t max_level = QZERR_OK;

@@ -82,7 +82,7 @@ int qzerr_prefix(int id, const char *prefix)
 int qzerr_file(int id, FILE *stream)
 {
     return change(id, [=](QzerrHandler &handler) {
-        handler.destination.stream = stream;
+        handler.stream = stream;
         handler.kind = stream != nullptr ? DestinationKind::kStream : DestinationKind::kNone;
     });
 }
@@ -90,7 +90,7 @@ int qzerr_file(int id, FILE *stream)
 bool qz::errors::set_fortran_unit(int id, std::int32_t unit)
 {
     return change(id, [=](QzerrHandler &handler) {
-               handler.destination.unit = unit;
+               handler.unit = unit;
                handler.kind = unit >= 0 ? DestinationKind::kFortranUnit : DestinationKind::kNone;
            }) == 1;
 }

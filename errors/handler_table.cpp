@@ -17,7 +17,7 @@ template <int id> QzerrHandler &default_record()
 {
     static QzerrHandler handler = [] {
         QzerrHandler made;
-        made.destination.stream = stderr;
+        made.stream = stderr;
         made.kind = DestinationKind::kStream;
         return made;
     }();

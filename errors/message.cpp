@@ -39,6 +39,8 @@ std::size_t compose_head(char *message, const QzerrHandler &handler, unsigned le
 
 bool write_to_stream(int id, FILE *stream, const char *message)
 {
+    if (stream == nullptr)
+        return true; // taken away while QzerrSuppressDeprecation kept the kind
     if (id == kLibraryHandler && stream == stderr &&
         halcyra::qzlibs::RedirectQzerrToPythonStderr::isActive() &&
         write_to_interpreter(message, newline_after_message)) {
@@ -59,12 +61,11 @@ bool print(int id, const QzerrHandler &handler, const char *message)
     case DestinationKind::kNone:
         break;
     case DestinationKind::kStream:
-        if (!write_to_stream(id, handler.destination.stream, message))
+        if (!write_to_stream(id, handler.stream, message))
             return false;
         break;
     case DestinationKind::kFortranUnit:
-        qz_write_fortran_unit(handler.destination.unit, message,
-                              static_cast<int>(std::strlen(message)));
+        qz_write_fortran_unit(handler.unit, message, static_cast<int>(std::strlen(message)));
         break;
     }
     return window == nullptr || window(message) != -1;

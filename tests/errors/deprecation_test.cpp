@@ -56,6 +56,18 @@ TEST(Deprecation, ASuppressedSiteMayStillWarnLater)
     });
 }
 
+TEST(Deprecation, AStreamTakenAwayInTheScopeStaysAway)
+{
+    expect_warnings("", [] {
+        {
+            const QzerrSuppressDeprecation scope;
+            qzerr_file(0, nullptr);
+        }
+        EXPECT_EQ(qzerr_throw(0, QZERR_FATAL, "x"), 1);
+    });
+    qzerr_file(0, stderr);
+}
+
 TEST(Deprecation, NamesAreNoFormats)
 {
     expect_warnings("WARNING DEPRECATION for operator% (50%sure.c:3): old\n",
