@@ -32,6 +32,9 @@ std::vector<QzerrHandler> &made_handlers()
     return slots;
 }
 
+/// The slots in front of it are all in use: the search for a free one starts here.
+std::size_t first_candidate = 0;
+
 } // namespace
 
 QzerrHandler &default_handler()
@@ -62,8 +65,9 @@ int qzerr_new(int *id)
         return 0;
     *id = -1;
     auto &slots = made_handlers();
-    auto slot = std::find_if(slots.begin(), slots.end(),
-                             [](const QzerrHandler &handler) { return !handler.in_use; });
+    auto slot =
+        std::find_if(slots.begin() + static_cast<std::ptrdiff_t>(first_candidate), slots.end(),
+                     [](const QzerrHandler &handler) { return !handler.in_use; });
     if (slot != slots.end())
         *slot = QzerrHandler();
     else
@@ -71,6 +75,7 @@ int qzerr_new(int *id)
     filter_table.slots = slots.data();
     filter_table.slot_count = slots.size();
     *id = static_cast<int>(slot - slots.begin()) + 1;
+    first_candidate = static_cast<std::size_t>(*id);
     return 1;
 }
 
@@ -88,4 +93,5 @@ void qzerr_delete(int id)
     handler->prefix = nullptr;
     handler->in_use = false;
     handler->idle_below = 0;
+    first_candidate = std::min(first_candidate, static_cast<std::size_t>(id) - 1);
 }

@@ -24,8 +24,10 @@ TEST(Handlers, TheLowestFreeIdIsUsedAgain)
     EXPECT_EQ(make(), second);
     for (int id : {third, second, first})
         qzerr_delete(id);
-    EXPECT_EQ(make(), 1);
-    qzerr_delete(1);
+    EXPECT_EQ(make(), first);
+    EXPECT_EQ(make(), second);
+    qzerr_delete(first);
+    qzerr_delete(second);
 }
 
 TEST(Handlers, AUsedSlotStartsAsANewOne)
