@@ -49,7 +49,7 @@ std::uint64_t magnitude(std::int64_t value)
 
 char *safe_format(char *out, const char *text)
 {
-    return std::copy_n(text, std::strlen(text), out);
+    return text != nullptr ? std::copy_n(text, std::strlen(text), out) : out;
 }
 
 char *safe_format(char *out, std::int64_t value, int width)

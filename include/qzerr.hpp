@@ -25,7 +25,7 @@ namespace halcyra {
  * Copies a text.
  *
  * @param out   Where to write; room for all of @p text.
- * @param text  What to write.
+ * @param text  What to write; null writes nothing.
  *
  * @return the end of what was written.
  */
@@ -41,6 +41,12 @@ QZ_API char *safe_format(char *out, const char *text);
  * @return the end of what was written.
  */
 QZ_API char *safe_format(char *out, std::int64_t value, int width);
+
+/** The same for an int, which is as near to a double as to 64 bits. */
+inline char *safe_format(char *out, int value, int width)
+{
+    return safe_format(out, std::int64_t{value}, width);
+}
 
 /**
  * Writes a number with a fixed number of decimals, halves rounded away from zero: 3.14159 with two

@@ -41,6 +41,7 @@ TEST(SafeFormat, Integer)
 
     for (const auto &c : cases)
         EXPECT_EQ(formatted(c.value, c.width), c.text);
+    EXPECT_EQ(formatted(7, 0), "7") << "an int is an integer";
 }
 
 TEST(SafeFormat, Double)
@@ -74,6 +75,7 @@ TEST(SafeFormat, Text)
 {
     EXPECT_EQ(formatted("line "), "line ");
     EXPECT_EQ(formatted(""), "");
+    EXPECT_EQ(formatted(static_cast<const char *>(nullptr)), "");
 }
 
 } // namespace
