@@ -16,7 +16,7 @@
 namespace modp {
 
 /**
- * Encodes a NUL-terminated text.
+ * Encodes a NUL-terminated text; null counts as empty.
  *
  * Its length is taken as a 32-bit number: of a text of 4 GiB or more, only the remainder is
  * encoded. Such texts go through the form with a length.
@@ -43,7 +43,7 @@ QZ_API std::string b64_encode(const std::string &data);
 QZ_API std::string &b64_encode(std::string &data);
 
 /**
- * Decodes a NUL-terminated text.
+ * Decodes a NUL-terminated text; null counts as empty.
  *
  * @return  the bytes, NULs among them; empty when the text is not Base64.
  */

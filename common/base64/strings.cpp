@@ -36,6 +36,8 @@ std::string b64_encode(const char *data, std::size_t len)
 
 std::string b64_encode(const char *text)
 {
+    if (text == nullptr)
+        return {};
     return b64_encode(text, static_cast<std::uint32_t>(std::strlen(text)));
 }
 
@@ -67,6 +69,8 @@ std::string b64_decode(const char *data, std::size_t len)
 
 std::string b64_decode(const char *text)
 {
+    if (text == nullptr)
+        return {};
     return b64_decode(text, std::strlen(text));
 }
 

@@ -89,6 +89,8 @@ TEST(Base64, KnownPairs)
         EXPECT_EQ(&modp::b64_decode(in_place), &in_place);
         EXPECT_EQ(in_place, c.data);
     }
+    const char *no_text = nullptr;
+    EXPECT_EQ(modp::b64_encode(no_text) + modp::b64_decode(no_text), "");
 }
 
 struct BadCase {
