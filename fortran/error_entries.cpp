@@ -20,15 +20,16 @@ bool is_blank(char c)
 }
 
 /// A CHARACTER variable that the caller agreed to make at least @p kBytes long, and whose last byte
-/// becomes a NUL. A shorter one, such as a literal, is worked on in a copy; there is one byte in
-/// front of that too.
+/// becomes a NUL. A shorter one, such as a literal or an empty text, is worked on in a copy; there
+/// is one byte in front of that too.
 template <std::size_t kBytes> class CutVariable {
 public:
     CutVariable(char *variable, int declared_length) : text_(variable)
     {
-        if (declared_length > 0 && static_cast<std::size_t>(declared_length) < kBytes) {
+        const auto length = static_cast<std::size_t>(std::max(declared_length, 0));
+        if (length < kBytes) {
             text_ = copy_ + 1;
-            std::memcpy(text_, variable, static_cast<std::size_t>(declared_length));
+            std::copy_n(variable, length, text_);
         }
         text_[kBytes - 1] = '\0';
     }

@@ -31,12 +31,12 @@ private:
     std::string memory_;
 };
 
-std::string repeated(std::size_t count, char c)
-{
-    return std::string(count, c);
-}
-
 const std::string kNul(1, '\0');
+const std::string k18(18, 'x');
+const std::string k19(19, 'x');
+const std::string k79(79, 'y');
+const std::string k19Blanks(19, ' ');
+const std::string k75Blanks(75, ' ');
 
 struct PrefixCase {
     const char *why;
@@ -49,19 +49,17 @@ struct PrefixCase {
 TEST(ErrorEntries, Prefix)
 {
     const PrefixCase cases[] = {
-        {"one blank is kept",           "MYPROG",                     20,      "MYPROG ",                                    '<'                                                                                                                  },
-        {"NULs count as blanks",        "MYPROG" + kNul + " " + kNul, 20,      "MYPROG ",                                    '<'                                                                                                                  },
-        {"blanks inside are text",      " MY  PROG",                  20,      " MY  PROG ",                                 '<'                                                                                                                  },
-        {"18 leave room for the blank", repeated(18,                  'x'),    20,                                           repeated(18,                                                                                                           'x') + " ", '<'},
-        {"19 do not",                          repeated(19,                                                      'x'),                                                   20,                                                           repeated(19,                                                                                                                       'x'), '<'},
-        {"the 20th is cut off",                  repeated(20,                                          'x'),                                              20,                                repeated(19,           'x'), '<'},
-        {"so is the rest",                         repeated(30,          'x'),30,repeated(19,                                                                          'x'), '<'},
-        {"text behind a NUL is not seen, and ends the blanks",              "A" + kNul + "B",       20, "A",                                                                                   '<'                                                                                                                                                                                                                           },
-        {"a blank one stands as it is, and marks the byte in front",                          "",                                                      20,          repeated(19,                         ' '),
-         '\0'},
-        {"NULs alone are blank too",                          repeated(20,                                                      '\0'),    20,"",'\0'},
-        {"a literal is short, and not written to",                         "MYPROG",                                                        6,                                                               "MYPROG ",                                                                                  '<'                                                                                                                                                                  },
-        {"a blank literal as well",                           " ",                                                     1,                                                     " ",                                                                                                                                                               '<'                                                                                                                                                                                                                                                                                                                                                                                                                                                                       },
+        {"one blank is kept",                                        "MYPROG",                     20, "MYPROG ",    '<' },
+        {"NULs count as blanks",                                     "MYPROG" + kNul + " " + kNul, 20, "MYPROG ",    '<' },
+        {"blanks inside are text",                                   " MY  PROG",                  20, " MY  PROG ", '<' },
+        {"18 leave room for the blank",                              k18,                          20, k18 + " ",    '<' },
+        {"19 do not",                                                k19,                          20, k19,          '<' },
+        {"the rest is cut off",                                      k19 + "xxx",                  30, k19,          '<' },
+        {"text behind a NUL is not seen, and ends the blanks",       "A" + kNul + "B",             20, "A",          '<' },
+        {"a blank one stands as it is, and marks the byte in front", "",                           20, k19Blanks,    '\0'},
+        {"a literal is short, and not written to",                   "MYPROG",                     6,  "MYPROG ",    '<' },
+        {"a blank literal as well",                                  " ",                          1,  " ",          '<' },
+        {"and an empty text",                                        "",                           0,  "",           '<' },
     };
     for (const PrefixCase &c : cases) {
         SCOPED_TRACE(c.why);
@@ -81,7 +79,7 @@ TEST(ErrorEntries, Prefix)
     Variable variable("MYPROG", 20);
     QZERRF_PREFIX(&no_handler, variable.start(), &status, variable.length());
     EXPECT_EQ(status, 0);
-    EXPECT_EQ(variable.text(), "MYPROG " + kNul + repeated(11, ' ') + kNul);
+    EXPECT_EQ(variable.text(), "MYPROG " + kNul + std::string(11, ' ') + kNul);
 }
 
 struct CodeCase {
@@ -102,7 +100,7 @@ TEST(ErrorEntries, ReturnCode)
     };
     for (const CodeCase &c : cases) {
         SCOPED_TRACE(c.why);
-        Variable variable(repeated(c.declared, '.'), c.declared);
+        Variable variable(std::string(c.declared, '.'), c.declared);
         int level = c.level;
         QZERRF_RETURN_CODE(&level, variable.start(), variable.length());
         EXPECT_EQ(variable.text(), c.code);
@@ -120,12 +118,13 @@ struct ThrowCase {
 TEST(ErrorEntries, Throw)
 {
     const ThrowCase cases[] = {
-        {"blanks at the end are kept", "mesh",                           80,         "mesh" + repeated(75,                                ' ')},
-        {"a NUL ends the text",                            "mesh" + kNul,                                        80,          "mesh"                   },
-        {"cut to 79",                            repeated(80,                                                  'y'),                      80, repeated(79, 'y')},
-        {"however long the variable",                 repeated(200,                                             'y'),                                                       200,                                                                                repeated(79, 'y')},
-        {"the text is a format",                        "100 %%" + kNul,         80,"100 %"},
-        {"a literal is short, and not written to",       "mesh", 4, "mesh"                                                                                           },
+        {"blanks at the end are kept",             "mesh",          80,  "mesh" + k75Blanks},
+        {"a NUL ends the text",                    "mesh" + kNul,   80,  "mesh"            },
+        {"cut to 79",                              k79 + "y",       80,  k79               },
+        {"however long the variable",              k79 + k79,       200, k79               },
+        {"the text is a format",                   "100 %%" + kNul, 80,  "100 %"           },
+        {"a literal is short, and not written to", "mesh",          4,   "mesh"            },
+        {"and an empty text",                      "",              0,   ""                },
     };
     for (const ThrowCase &c : cases) {
         SCOPED_TRACE(c.why);
