@@ -35,7 +35,6 @@ protected:
 struct FindCase {
     const char *why;
     std::string name;
-    int type;
     std::string path; ///< of ten characters before the call
     int status;
     const char *message;
@@ -45,18 +44,24 @@ TEST_F(FileEntries, Find)
 {
     touch("abcdefgh");
     touch("abcdefghijklmnopqrstuvw");
+    const std::string padded_name = padded("abcdefgh", 40);
+    const std::string long_name = padded("abcdefghijklmnopqrstuvw", 40);
+    const std::string ended = "abcdefgh" + std::string(1, '\0') + "xyz";
+    const char *const too_long =
+        "FATAL QZFILEF_FIND: fpath not long enough; need 25 chars, have 10";
+    const char *const no_file =
+        "INFO QZFILEF_FIND: qzfile_find() fails, cname=' abcdefgh', cpath=NULL\n";
     const FindCase cases[] = {
-        {"blanks behind the name are stripped", padded("abcdefgh",                 40),            0,                                                    ".\\abcdefgh",                        0,                                                 ""},
-        {"a NUL ends the name",                                     std::string("abcdefgh\0xyz",                                                  12), 0, ".\\abcdefgh",                                    0,                                                                        ""},
-        {"a result that is too long is cut",                                   padded("abcdefghijklmnopqrstuvw",                                                                    40),                                                 0,
-         ".\\abcdefgh", -1,"FATAL QZFILEF_FIND: fpath not long enough; need 25 chars, have 10"},
-        {"nothing found, nothing stored; a blank in front is text",                                   " abcdefgh", 0,               "..........",
-         -1,  "INFO QZFILEF_FIND: qzfile_find() fails, cname=' abcdefgh', cpath=NULL\n"                                                                                                                        },
+        {"blanks behind the name are stripped", padded_name, ".\\abcdefgh", 0,  ""      },
+        {"a NUL ends the name",                 ended,       ".\\abcdefgh", 0,  ""      },
+        {"a result that is too long is cut",    long_name,   ".\\abcdefgh", -1, too_long},
+        {"nothing found, nothing stored",       " abcdefgh", "..........",  -1, no_file },
     };
     for (const FindCase &c : cases) {
         SCOPED_TRACE(c.why);
         std::string path(10, '.');
-        QZFILEF_FIND(c.name.data(), &c.type, path.data(), &status_, length(c.name), length(path));
+        const int file = 0;
+        QZFILEF_FIND(c.name.data(), &file, path.data(), &status_, length(c.name), length(path));
         EXPECT_EQ(status_, c.status);
         EXPECT_EQ(path, c.path);
         EXPECT_EQ(messages_.text(), c.message);
