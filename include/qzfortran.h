@@ -100,8 +100,7 @@ QZ_API void QZERRF_RETURN_CODE(int *level, char *code, int code_len);
  * @param id           The handler.
  * @param level        The level.
  * @param message      The text, with the blanks at its end. A variable of at least 80 characters,
- *                     whose 80th becomes a NUL; a shorter text, such as a literal, is left as it
- * is.
+ *                     whose 80th becomes a NUL; a shorter text, such as a literal, stays as it is.
  * @param[out] status  1; 0 when there is no such handler or its stream or window failed.
  * @param message_len  Declared length of @p message.
  */
