@@ -8,14 +8,19 @@
 #include <boost/interprocess/sync/file_lock.hpp>
 
 #include <cerrno>
+#include <chrono>
 #include <map>
 #include <mutex>
 #include <shared_mutex>
 #include <system_error>
+#include <thread>
 
 namespace qz::pref {
 
 namespace {
+
+// A save of a small file takes about as long.
+constexpr std::chrono::milliseconds kPause{1};
 
 /// The system's temporary directory. QDir finds none when its variable names a directory that is
 /// not there; it is made then, rather than put lock files into the root.
@@ -70,7 +75,7 @@ public:
         if (mode == Mode::Exclusive) {
             threads_.lock();
             try {
-                retry_interrupted([this] { file_.lock(); });
+                patiently([this] { file_.lock(); });
             } catch (...) {
                 threads_.unlock();
                 throw;
@@ -82,7 +87,7 @@ public:
             // The program holds one shared lock for all its threads.
             const std::lock_guard<std::mutex> guard(readers_mutex_);
             if (readers_ == 0)
-                retry_interrupted([this] { file_.lock_sharable(); });
+                patiently([this] { file_.lock_sharable(); });
             ++readers_;
         } catch (...) {
             threads_.unlock_shared();
@@ -118,14 +123,20 @@ private:
         return entries;
     }
 
-    template <typename Call> static void retry_interrupted(Call call)
+    /// Calls again after a signal, and after a deadlock that is none: the system takes all threads
+    /// of a program for one, so two programs with two files each seem to wait for each other. A
+    /// thread that holds a lock waits at most for that of a corrupt file, and that one's holder for
+    /// none.
+    template <typename Call> static void patiently(Call call)
     {
         for (;;) {
             try {
                 call();
                 return;
             } catch (const boost::interprocess::interprocess_exception &error) {
-                if (error.get_native_error() != EINTR)
+                if (error.get_native_error() == EDEADLK)
+                    std::this_thread::sleep_for(kPause);
+                else if (error.get_native_error() != EINTR)
                     throw;
             }
         }

@@ -7,7 +7,8 @@
 //   kills N             a process that saves is killed N times; the file is whole each time and the
 //                       next save works
 //   opens N             N processes open for the first time at once and migrate an earlier release
-//   threads N           N threads open, use and close stores; for the thread sanitizer
+//   threads N [P]       N threads in each of P processes, 1 by default, open, use and close stores;
+//                       one process is for the thread sanitizer
 //
 // The files lie in a directory of their own below DIRECTORY, the temporary directory by default.
 // The exit status is 0 when no fault was found, 1 otherwise, 2 for a call that makes no sense.
@@ -86,9 +87,10 @@ const std::map<QString, stress::Mode> kModes = {
     {"threads", stress::threads},
 };
 const std::map<QString, stress::Mode> kChildren = {
-    {"update-child", stress::update_child},
-    {"kill-child",   stress::kill_child  },
-    {"open-child",   stress::open_child  },
+    {"update-child",  stress::update_child },
+    {"kill-child",    stress::kill_child   },
+    {"open-child",    stress::open_child   },
+    {"threads-child", stress::threads_child},
 };
 
 /// Everything the store may touch lies below the current directory from here on.
@@ -124,7 +126,7 @@ int main(int argc, char **argv)
     QTemporaryDir directory(parent + "/qzpref-stress-XXXXXX");
     if (mode == kModes.end() || !directory.isValid()) {
         std::fprintf(stderr, "usage: preference_stress [--dir DIRECTORY] "
-                             "updates N P [reopen] | kills N | opens N | threads N\n");
+                             "updates N P [reopen] | kills N | opens N | threads N [P]\n");
         return 2;
     }
     enter_sandbox(directory.path());

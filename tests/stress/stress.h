@@ -31,6 +31,7 @@ Outcome threads(const QStringList &arguments);
 Outcome update_child(const QStringList &arguments);
 Outcome kill_child(const QStringList &arguments);
 Outcome open_child(const QStringList &arguments);
+Outcome threads_child(const QStringList &arguments);
 
 /// Starts this program once more, in the same sandbox. Its standard error is ours.
 /// Throws std::runtime_error when that is not possible.

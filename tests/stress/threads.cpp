@@ -1,5 +1,5 @@
-// Threads open, use and close stores of the same product and of others, with layers below that go
-// whenever the last store is closed.
+// Threads of one program or of several open, use and close stores of the same product and of others,
+// with layers below that go whenever the last store is closed.
 
 #include "stress.h"
 
@@ -42,18 +42,34 @@ int use(QZPREF &store, const std::string &own, int round)
     return wrong;
 }
 
-int work(int thread)
+std::string group_of(int process, int thread)
+{
+    return "process" + std::to_string(process) + "/thread" + std::to_string(thread);
+}
+
+int work(int process, int thread)
 {
     int wrong = 0;
     for (int round = 0; round < kRounds; ++round) {
         QZPREF store(product_of(thread), round % 2 == 0);
-        wrong += use(store, "thread" + std::to_string(thread), round);
+        wrong += use(store, group_of(process, thread), round);
         if (round % 4 == 0) {
             const QZPREF copy(store);
             QZPREF other(product_of(thread + round), true);
             wrong += copy.getGroup().empty() && other.getGroup().empty() ? 0 : 1;
         }
     }
+    return wrong;
+}
+
+int work_in_threads(int process, int wanted)
+{
+    std::atomic<int> wrong{0};
+    std::vector<std::thread> running;
+    for (int i = 0; i < wanted; ++i)
+        running.emplace_back([=, &wrong] { wrong += work(process, i); });
+    for (std::thread &thread : running)
+        thread.join();
     return wrong;
 }
 
@@ -70,24 +86,36 @@ bool make_machine_layer()
 
 } // namespace
 
+Outcome threads_child(const QStringList &arguments)
+{
+    return {{}, work_in_threads(arguments.value(1).toInt(), arguments.value(2).toInt())};
+}
+
 Outcome threads(const QStringList &arguments)
 {
     const int wanted = number(arguments, 1, 8);
+    const int processes = number(arguments, 2, 1);
     if (!make_machine_layer())
         return {"the sandbox cannot be made", 1};
-    std::atomic<int> wrong{0};
-    std::vector<std::thread> running;
-    for (int i = 0; i < wanted; ++i)
-        running.emplace_back([i, &wrong] { wrong += work(i); });
-    for (std::thread &thread : running)
-        thread.join();
-    for (int i = 0; i < wanted; ++i) {
-        QZPREF store(product_of(i), false);
+    std::vector<std::unique_ptr<QProcess>> children;
+    for (int i = 1; i < processes; ++i)
+        children.push_back(
+            start_child({"threads-child", QString::number(i), QString::number(wanted)}));
+    int wrong = work_in_threads(0, wanted);
+    for (const auto &child : children)
+        wrong += ends_well(*child) ? 0 : 1;
+    for (int i = 0; i < wanted * processes; ++i) {
+        const int thread = i % wanted;
+        QZPREF store(product_of(thread), false);
         int value = 0;
-        store.get("thread" + std::to_string(i) + "/count", value);
+        store.get(group_of(i / wanted, thread) + "/count", value);
         wrong += value == kRounds ? 0 : 1;
     }
-    return {QString("%1 wrong answers to %2 threads").arg(wrong.load()).arg(wanted), wrong.load()};
+    return {QString("%1 wrong answers to %2 threads in each of %3 processes")
+                .arg(wrong)
+                .arg(wanted)
+                .arg(processes),
+            wrong};
 }
 
 } // namespace stress
