@@ -2,6 +2,7 @@
 #define QZ_ERRORS_HANDLER_TABLE_H
 
 #include "errors/handler.h"
+#include "platform/compiler.h"
 
 #include <atomic>
 #include <cstddef>
@@ -33,10 +34,10 @@ extern FilterTable filter_table;
 inline std::uint32_t idle_below(int id)
 {
     const unsigned from_library_handler = static_cast<unsigned>(id) + 1;
-    if (__builtin_expect(from_library_handler <= 1, 1)) {
+    if (QZ_LIKELY(from_library_handler <= 1)) {
         const auto *handler =
             filter_table.defaults[from_library_handler].load(std::memory_order_acquire);
-        return __builtin_expect(handler != nullptr, 1) ? handler->idle_below : 0;
+        return QZ_LIKELY(handler != nullptr) ? handler->idle_below : 0;
     }
     const std::size_t index = from_library_handler - 2; // of a negative id beyond any count
     return index < filter_table.slot_count ? filter_table.slots[index].idle_below : 0;

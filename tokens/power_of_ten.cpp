@@ -1,12 +1,16 @@
 #include "tokens/power_of_ten.h"
 
+#include "platform/compiler.h"
+
 #include <array>
 #include <cstring>
 
 namespace qz::tokens {
 namespace {
 
-__extension__ using Wide = unsigned __int128;
+using platform::leading_zeros;
+using platform::multiplied;
+using platform::Wide;
 
 constexpr std::array<std::uint64_t, kMaxPower + 1> powers_of_five()
 {
@@ -34,13 +38,16 @@ double assemble(std::uint64_t bits, int exponent)
 
 double multiply(std::uint64_t value, int exponent)
 {
-    const Wide product = Wide{value} * kPowersOfFive[static_cast<std::size_t>(exponent)];
-    const auto high = static_cast<std::uint64_t>(product >> 64);
-    if (high == 0)
-        return assemble(static_cast<std::uint64_t>(product), exponent);
-    const int cut = 64 - __builtin_clzll(high);
-    const auto top = static_cast<std::uint64_t>(product >> cut);
-    const bool lost = (product & ((Wide{1} << cut) - 1)) != 0;
+    const Wide product = multiplied(value, kPowersOfFive[static_cast<std::size_t>(exponent)]);
+    if (product.high == 0)
+        return assemble(product.low, exponent);
+    const int spare = leading_zeros(product.high);
+    const int cut = 64 - spare;
+    if (spare == 0)
+        return assemble(product.high | static_cast<std::uint64_t>(product.low != 0),
+                        exponent + cut);
+    const std::uint64_t top = product.high << spare | product.low >> cut;
+    const bool lost = product.low << spare != 0;
     return assemble(top | static_cast<std::uint64_t>(lost), exponent + cut);
 }
 
@@ -50,28 +57,53 @@ struct Divisor {
     int shift;
 };
 
-std::array<Divisor, kMaxPower + 1> make_divisors()
+/// The quotient of 2 to the power 128 - 1 by @p power without its bit 64, digit by digit. The top
+/// bit of @p power is set, so that each digit is 1 or 0 and the bit is the first of them.
+constexpr std::uint64_t reciprocal_of(std::uint64_t power)
+{
+    std::uint64_t rest = ~power; // what is left of the upper half of the dividend behind that bit
+    std::uint64_t reciprocal = 0;
+    for (int digit = 0; digit < 64; ++digit) {
+        const bool carry = rest >> 63 != 0;
+        rest = rest << 1 | 1; // all digits of the dividend are 1
+        reciprocal <<= 1;
+        if (carry || rest >= power) {
+            rest -= power;
+            reciprocal |= 1;
+        }
+    }
+    return reciprocal;
+}
+
+constexpr std::array<Divisor, kMaxPower + 1> make_divisors()
 {
     std::array<Divisor, kMaxPower + 1> divisors{};
     for (std::size_t i = 0; i < divisors.size(); ++i) {
-        const int shift = __builtin_clzll(kPowersOfFive[i]);
-        const std::uint64_t power = kPowersOfFive[i] << shift;
-        divisors[i] = {power, static_cast<std::uint64_t>(~Wide{0} / power), shift};
+        std::uint64_t power = kPowersOfFive[i];
+        int shift = 0;
+        for (; power >> 63 == 0; ++shift)
+            power <<= 1;
+        divisors[i].power = power;
+        divisors[i].reciprocal = reciprocal_of(power);
+        divisors[i].shift = shift;
     }
     return divisors;
 }
+
+constexpr std::array<Divisor, kMaxPower + 1> kDivisors = make_divisors();
 
 /// @p dividend times 2 to the power 63 by the divisor, the last bit set when a rest is left.
 /// The division with a precomputed reciprocal of Moeller and Granlund: the processor's own takes
 /// longer than all the rest together.
 std::uint64_t quotient_with_rest(std::uint64_t dividend, const Divisor &divisor)
 {
-    const Wide whole = Wide{dividend} << 63;
-    const auto high = static_cast<std::uint64_t>(whole >> 64);
-    const Wide estimate = Wide{high} * divisor.reciprocal + whole;
-    auto quotient = static_cast<std::uint64_t>(estimate >> 64) + 1;
-    std::uint64_t rest = static_cast<std::uint64_t>(whole) - quotient * divisor.power;
-    if (rest > static_cast<std::uint64_t>(estimate)) {
+    const Wide whole = {dividend >> 1, dividend << 63};
+    Wide estimate = multiplied(whole.high, divisor.reciprocal);
+    estimate.low += whole.low;
+    estimate.high += whole.high + static_cast<std::uint64_t>(estimate.low < whole.low);
+    std::uint64_t quotient = estimate.high + 1;
+    std::uint64_t rest = whole.low - quotient * divisor.power;
+    if (rest > estimate.low) {
         --quotient;
         rest += divisor.power;
     }
@@ -85,9 +117,8 @@ std::uint64_t quotient_with_rest(std::uint64_t dividend, const Divisor &divisor)
 /// With both numbers at the top of their 64 bits, the quotient has 63 or 64 of them.
 double divide(std::uint64_t value, int exponent)
 {
-    static const std::array<Divisor, kMaxPower + 1> kDivisors = make_divisors();
     const Divisor &divisor = kDivisors[static_cast<std::size_t>(exponent)];
-    const int shift = __builtin_clzll(value);
+    const int shift = leading_zeros(value);
     return assemble(quotient_with_rest(value << shift, divisor),
                     divisor.shift - shift - 63 - exponent);
 }

@@ -1,5 +1,7 @@
 #include "tokens/regex_literal.h"
 
+#include "platform/compiler.h"
+
 #include <cstdint>
 #include <cstring>
 
@@ -7,8 +9,7 @@ namespace qz::regex {
 
 namespace {
 
-/// Sixteen bytes that are compared at once; every compiler of the library knows such vectors.
-using Block = signed char __attribute__((vector_size(16)));
+using Block = platform::ByteBlock;
 
 Block load(const Byte *from)
 {
@@ -19,7 +20,7 @@ Block load(const Byte *from)
 
 Block filled_with(Byte c)
 {
-    return Block{} + static_cast<signed char>(c);
+    return platform::filled_with(static_cast<signed char>(c));
 }
 
 bool any(const Block &hits)
