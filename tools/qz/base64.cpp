@@ -1,3 +1,4 @@
+#include "platform/standard_streams.h"
 #include "qz/command.h"
 #include "qz/output.h"
 #include "qzbase64.hpp"
@@ -26,8 +27,10 @@ using Stream = std::unique_ptr<std::FILE, int (*)(std::FILE *)>;
 
 Stream open(const std::string &file)
 {
-    if (file == "-")
+    if (file == "-") {
+        platform::carry_bytes(stdin);
         return {stdin, [](std::FILE *) { return 0; }};
+    }
     return {std::fopen(file.c_str(), "rb"), &std::fclose};
 }
 
@@ -148,6 +151,8 @@ int run_base64(const Base64Options &options)
         complain(options.file + ": " + std::strerror(errno));
         return 1;
     }
+    if (options.decode && !options.json)
+        platform::carry_bytes(stdout);
     Sink sink(options.json);
     int status = 0;
     if (options.decode)

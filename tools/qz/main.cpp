@@ -1,3 +1,4 @@
+#include "platform/standard_streams.h"
 #include "qz/command.h"
 #include "qz/output.h"
 #include "qzfile.hpp"
@@ -106,6 +107,7 @@ int run(int argc, char **argv)
 
 int main(int argc, char **argv)
 {
+    const qz::platform::ReadableText readable;
     try {
         return run(argc, argv);
     } catch (const std::exception &error) {

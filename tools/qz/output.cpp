@@ -1,5 +1,6 @@
 #include "qz/output.h"
 
+#include "platform/standard_streams.h"
 #include "qz/command.h"
 
 #include <QDir>
@@ -9,8 +10,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-
-#include <unistd.h>
 
 namespace qz::cli {
 
@@ -51,10 +50,8 @@ int finish_output(int code)
 Style Style::of_stdout()
 {
     const char *const refused = std::getenv("NO_COLOR");
-    const char *const terminal = std::getenv("TERM");
     Style style;
-    style.colours_ = isatty(STDOUT_FILENO) && !(refused && *refused) && terminal &&
-                     std::strcmp(terminal, "dumb") != 0;
+    style.colours_ = !(refused && *refused) && qz::platform::shows_colours(stdout);
     return style;
 }
 

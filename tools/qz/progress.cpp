@@ -1,9 +1,9 @@
 #include "qz/progress.h"
 
+#include "platform/standard_streams.h"
+
 #include <algorithm>
 #include <cstdio>
-
-#include <unistd.h>
 
 namespace qz::cli {
 
@@ -19,7 +19,7 @@ constexpr std::size_t kBarWidth = 40;
 Progress::Progress(double total, std::function<double()> done)
     : total_(total), done_(std::move(done))
 {
-    if (total_ > 0 && isatty(STDERR_FILENO))
+    if (total_ > 0 && qz::platform::is_terminal(stderr))
         watcher_ = std::thread(&Progress::watch, this);
 }
 
