@@ -10,6 +10,7 @@
 #include <random>
 
 using namespace qz::pref;
+using namespace std::string_literals;
 
 namespace {
 
@@ -25,9 +26,8 @@ std::string shown(const std::string &key, const KeyRecord &record)
 std::string shown(const Document &document)
 {
     std::string text;
-    document.for_each_below("", [&](const Document::Entry &entry) {
-        text += shown(entry.key, entry.record);
-    });
+    document.for_each_below(
+        "", [&](const Document::Entry &entry) { text += shown(entry.key, entry.record); });
     return text;
 }
 
@@ -51,9 +51,8 @@ QByteArray written(const Document &document)
 {
     std::string text;
     PreferenceWriter writer(text);
-    document.for_each_below("", [&](const Document::Entry &entry) {
-        writer.write(entry.key, entry.record);
-    });
+    document.for_each_below(
+        "", [&](const Document::Entry &entry) { writer.write(entry.key, entry.record); });
     writer.finish();
     return QByteArray::fromStdString(text);
 }
@@ -103,22 +102,22 @@ struct ReadCase {
 };
 
 const ReadCase kReadCases[] = {
-    {"groups nest", "<a><b dt='int'>1</b><c>x</c></a>", "a/b =1 dt:int\na/c =x\n"},
-    {"the platform becomes a suffix", "<a dt='int' os='linux'>3</a>", "a:os=linux =3 dt:int\n"},
-    {"a group's platform stands in the middle", "<a os='x'><b>1</b></a>", "a:os=x/b =1\n"},
-    {"white space is no value", "<a> \n\t</a><b></b><c/>", ""},
-    {"a value keeps the blanks around it", "<a> x </a>", "a = x \n"},
-    {"the comment right before belongs to the key", "<!--old--><!--c--><a>1</a>", "a =1 #c\n"},
-    {"a comment before a group is lost", "<!--c--><g><a>1</a></g>", "g/a =1\n"},
-    {"other attributes are kept", "<a z='1' dt='odd' b='2'>v</a>", "a =v b:2 dt:odd z:1\n"},
-    {"text of the root belongs to no key", "loose<a>1</a>", "a =1\n"},
-    {"text in a group makes it a key", "<g x='1'>t<a>1</a></g>", "g =t x:1\ng/a =1\n"},
-    {"the last of equal keys counts", "<a>1</a><a>2</a>", "a =2\n"},
-    {"entities of the standard and characters by number", "<a>&lt;&#252;&amp;</a>", "a =<ü&\n"},
-    {"a section of plain text", "<a><![CDATA[<x>]]></a>", "a =<x>\n"},
-    {"a file cut short", "<a>1</a><b>", "!a =1\n"},
-    {"crossing tags", "<a>1</a><b><c></b></c>", "!a =1\n"},
-    {"an unknown entity", "<a>&foo;</a>", "!"},
+    {"groups nest",                                       "<a><b dt='int'>1</b><c>x</c></a>", "a/b =1 dt:int\na/c =x\n"},
+    {"the platform becomes a suffix",                     "<a dt='int' os='linux'>3</a>",     "a:os=linux =3 dt:int\n" },
+    {"a group's platform stands in the middle",           "<a os='x'><b>1</b></a>",           "a:os=x/b =1\n"          },
+    {"white space is no value",                           "<a> \n\t</a><b></b><c/>",          ""                       },
+    {"a value keeps the blanks around it",                "<a> x </a>",                       "a = x \n"               },
+    {"the comment right before belongs to the key",       "<!--old--><!--c--><a>1</a>",       "a =1 #c\n"              },
+    {"a comment before a group is lost",                  "<!--c--><g><a>1</a></g>",          "g/a =1\n"               },
+    {"other attributes are kept",                         "<a z='1' dt='odd' b='2'>v</a>",    "a =v b:2 dt:odd z:1\n"  },
+    {"text of the root belongs to no key",                "loose<a>1</a>",                    "a =1\n"                 },
+    {"text in a group makes it a key",                    "<g x='1'>t<a>1</a></g>",           "g =t x:1\ng/a =1\n"     },
+    {"the last of equal keys counts",                     "<a>1</a><a>2</a>",                 "a =2\n"                 },
+    {"entities of the standard and characters by number", "<a>&lt;&#252;&amp;</a>",           "a =<ü&\n"              },
+    {"a section of plain text",                           "<a><![CDATA[<x>]]></a>",           "a =<x>\n"               },
+    {"a file cut short",                                  "<a>1</a><b>",                      "!a =1\n"                },
+    {"crossing tags",                                     "<a>1</a><b><c></b></c>",           "!a =1\n"                },
+    {"an unknown entity",                                 "<a>&foo;</a>",                     "!"                      },
 };
 
 TEST(PreferenceFormat, Reads)
@@ -165,8 +164,8 @@ TEST(PreferenceFormat, EveryDocumentReadsBackAsItWas)
 {
     const char *names[] = {"a", "b", "ab", "a-b", "a.b", "ü", "é", "名"};
     const char *suffixes[] = {"", "", "", ":os=linux", ":os=none", ":os=a=b", ":os=x/y"};
-    const char *values[] = {"1",     "a b",    " x ",   "\r\n",  "a\r", "\n y",
-                            "<&>\"'", "]]>",  "ü\U0001F600", "x\ty", "\u00A0z", "[1]", "]]"};
+    const char *values[] = {"1",   "a b",         " x ",  "\r\n",    "a\r", "\n y", "<&>\"'",
+                            "]]>", "ü\U0001F600", "x\ty", "\u00A0z", "[1]", "]]"};
     const std::string prefixes[] = {"v", "名", "]", "\""};
     const char *comments[] = {"", "", "note", "a<b & c"};
     std::mt19937 engine(7);
@@ -215,14 +214,20 @@ TEST(PreferenceFormat, SettingsSystemUsesTheSameFormat)
     const QString path = directory.filePath("x.xml");
     {
         QSettings settings(path, getQSettingsFormat());
-        settings.setValue("g/k:os=linux", QVariantMap{{"dt", "int"}, {"value", 5}, {"q", "1"}});
+        settings.setValue("g/k:os=linux", QVariantMap{
+                                              {"dt",    "int"},
+                                              {"value", 5    },
+                                              {"q",     "1"  }
+        });
         settings.sync();
         EXPECT_EQ(settings.status(), QSettings::NoError);
     }
     {
         // What could not be read back is refused as a whole; the file stays as it is.
         QSettings settings(path, getQSettingsFormat());
-        settings.setValue("not a name", QVariantMap{{"value", 5}});
+        settings.setValue("not a name", QVariantMap{
+                                            {"value", 5}
+        });
         settings.sync();
         EXPECT_NE(settings.status(), QSettings::NoError);
     }
@@ -233,7 +238,11 @@ TEST(PreferenceFormat, SettingsSystemUsesTheSameFormat)
     const QString copy = directory.filePath("y.xml");
     ASSERT_TRUE(QFile::copy(path, copy));
     QSettings settings(copy, getQSettingsFormat());
-    const QVariantMap expected{{"dt", "int"}, {"value", "5"}, {"q", "1"}};
+    const QVariantMap expected{
+        {"dt",    "int"},
+        {"value", "5"  },
+        {"q",     "1"  }
+    };
     EXPECT_EQ(settings.value("g/k:os=linux").toMap(), expected);
 }
 
@@ -272,7 +281,8 @@ TEST(PreferenceFormat, HostileFilesAreRefusedOrRead)
 
 TEST(PreferenceKeys, AreOrderedAsTheSettingsSystemOrdersThem)
 {
-    const char *keys[] = {"a", "a/b", "a-b", "a:os=linux", "a0", "é", "\uE000x", "\U00010400", "\uFFFD"};
+    const char *keys[] = {"a", "a/b",     "a-b",        "a:os=linux", "a0",
+                          "é", "\uE000x", "\U00010400", "\uFFFD"};
     for (const char *a : keys) {
         for (const char *b : keys)
             EXPECT_EQ(KeyOrder()(a, b), QString(a) < QString(b)) << a << " " << b;
@@ -288,20 +298,20 @@ struct KeyCase {
 TEST(PreferenceKeys, AreValidated)
 {
     const KeyCase cases[] = {
-        {"plain", "display/colors/background", true},
-        {"letters of any script", "größe/名前", true},
-        {"dots and hyphens inside", "a.b-c/_d", true},
-        {"empty", "", false},
-        {"empty component", "a//b", false},
-        {"leading separator", "/a", false},
-        {"trailing separator", "a/", false},
-        {"digit first", "a/1b", false},
-        {"blank", "a b", false},
-        {"a colon would be cut off", "x:y", false},
-        {"a suffix is given by the platform attribute only", "x:os=linux", false},
-        {"not UTF-8", "a\xff", false},
-        {"the root's name is passed over when read", "a/ApplicationSettings", false},
-        {"a byte of zero", std::string("a\0b", 3), false},
+        {"plain",                                            "display/colors/background", true },
+        {"letters of any script",                            "größe/名前",            true },
+        {"dots and hyphens inside",                          "a.b-c/_d",                  true },
+        {"empty",                                            "",                          false},
+        {"empty component",                                  "a//b",                      false},
+        {"leading separator",                                "/a",                        false},
+        {"trailing separator",                               "a/",                        false},
+        {"digit first",                                      "a/1b",                      false},
+        {"blank",                                            "a b",                       false},
+        {"a colon would be cut off",                         "x:y",                       false},
+        {"a suffix is given by the platform attribute only", "x:os=linux",                false},
+        {"not UTF-8",                                        "a\xff",                     false},
+        {"the root's name is passed over when read",         "a/ApplicationSettings",     false},
+        {"a byte of zero",                                   "a\0b"s,                     false},
     };
     for (const KeyCase &c : cases) {
         SCOPED_TRACE(c.why);
@@ -361,9 +371,8 @@ TEST(PreferenceDocument, FollowsEveryChange)
         if (action == 7) {
             document.settle();
             std::string in_order, expected;
-            document.for_each_below("a", [&](const Document::Entry &entry) {
-                in_order += entry.key + " ";
-            });
+            document.for_each_below(
+                "a", [&](const Document::Entry &entry) { in_order += entry.key + " "; });
             for (const auto &[key, value] : model)
                 expected += key[0] == 'a' ? key + " " : "";
             ASSERT_EQ(in_order, expected);

@@ -21,12 +21,13 @@ public:
     QtLog()
     {
         lines().clear();
-        previous_ = qInstallMessageHandler(
-            [](QtMsgType, const QMessageLogContext &context, const QString &text) {
-                lines() += (context.file ? std::string(context.file) + ":" : "") +
-                           text.toStdString() + "\n";
-            });
+        previous_ = qInstallMessageHandler([](QtMsgType, const QMessageLogContext &context,
+                                              const QString &text) {
+            lines() +=
+                (context.file ? std::string(context.file) + ":" : "") + text.toStdString() + "\n";
+        });
     }
+
     ~QtLog() { qInstallMessageHandler(previous_); }
 
     std::string text() const { return lines(); }

@@ -1,5 +1,5 @@
-// Threads of one program or of several open, use and close stores of the same product and of others,
-// with layers below that go whenever the last store is closed.
+// Threads of one program or of several open, use and close stores of the same product and of
+// others, with layers below that go whenever the last store is closed.
 
 #include "stress.h"
 
@@ -88,7 +88,9 @@ bool make_machine_layer()
 
 Outcome threads_child(const QStringList &arguments)
 {
-    return {{}, work_in_threads(arguments.value(1).toInt(), arguments.value(2).toInt())};
+    Outcome outcome;
+    outcome.faults = work_in_threads(arguments.value(1).toInt(), arguments.value(2).toInt());
+    return outcome;
 }
 
 Outcome threads(const QStringList &arguments)
@@ -98,9 +100,10 @@ Outcome threads(const QStringList &arguments)
     if (!make_machine_layer())
         return {"the sandbox cannot be made", 1};
     std::vector<std::unique_ptr<QProcess>> children;
-    for (int i = 1; i < processes; ++i)
+    for (int i = 1; i < processes; ++i) {
         children.push_back(
             start_child({"threads-child", QString::number(i), QString::number(wanted)}));
+    }
     int wrong = work_in_threads(0, wanted);
     for (const auto &child : children)
         wrong += ends_well(*child) ? 0 : 1;
