@@ -30,7 +30,8 @@ public:
     int write(std::string_view bytes);
     /// Puts the side file in the place of the target, on disk before it is visible. It takes over
     /// the target's permissions, and its time of change is later than the target's by a step that
-    /// every reader of time stamps sees: an equal size and an equal stamp would hide a change.
+    /// every reader of time stamps sees: an equal size and an equal stamp would hide a change. A
+    /// target that we may not write is not replaced either.
     /// @return 0 or an errno value; on failure the target is as it was.
     int commit();
 

@@ -117,6 +117,9 @@ int ReplacementFile::commit()
     struct stat target {};
 
     if (::stat(target_.c_str(), &target) == 0) {
+        // The rename alone would ask for no right to the file.
+        if (::faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0)
+            return errno;
         if (::fchmod(fd, target.st_mode & 07777) != 0)
             return errno;
         // Only a privileged caller can hand a file back to its owner; for all others it is theirs.

@@ -69,6 +69,21 @@ TEST_F(Replacement, FailsWithAReasonAndLosesNothing)
     EXPECT_EQ(replace("none/file", "new"), ENOENT);
 }
 
+TEST_F(Replacement, RespectsAFileThatIsWriteProtected)
+{
+    namespace fs = std::filesystem;
+    write("file", "old");
+    constexpr fs::perms kWrite =
+        fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+    fs::permissions(path("file"), kWrite, fs::perm_options::remove);
+    if (std::ofstream(path("file"), std::ios::app))
+        GTEST_SKIP() << "this account may write every file";
+    EXPECT_NE(replace("file", "new"), 0);
+    EXPECT_EQ(read("file"), "old");
+    EXPECT_FALSE(is_there("file.new"));
+    fs::permissions(path("file"), kWrite, fs::perm_options::add);
+}
+
 // A system may refuse to replace a file that somebody reads. Readers are done soon; the writer
 // waits.
 TEST_F(Replacement, OfAFileThatIsBeingRead)
