@@ -111,16 +111,17 @@ public:
     }
 
 private:
+    // Neither is ever destroyed: a store that outlives the statics of its program saves at exit.
     static std::mutex &table_mutex()
     {
-        static std::mutex mutex;
-        return mutex;
+        static auto *const mutex = new std::mutex;
+        return *mutex;
     }
 
     static std::map<std::string, std::unique_ptr<Entry>> &table()
     {
-        static std::map<std::string, std::unique_ptr<Entry>> entries;
-        return entries;
+        static auto *const entries = new std::map<std::string, std::unique_ptr<Entry>>;
+        return *entries;
     }
 
     /// Calls again after a signal, and after a deadlock that is none: the system takes all threads

@@ -26,8 +26,8 @@ struct OpenFiles {
 
 OpenFiles &open_files()
 {
-    static OpenFiles files;
-    return files;
+    static auto *const files = new OpenFiles; // never destroyed, for stores that are closed at exit
+    return *files;
 }
 
 std::string to_text(Document &document)
