@@ -169,7 +169,7 @@ TEST_F(FileEntries, LocalizeConvertsAtMost1024Characters)
     }
 }
 
-TEST_F(FileEntries, TheSearchPathAndTheLineEndings)
+TEST_F(FileEntries, SearchPath)
 {
     char *list = nullptr;
     QZFILEF_PATH_CLEAR(&status_);
@@ -182,21 +182,6 @@ TEST_F(FileEntries, TheSearchPathAndTheLineEndings)
     qzfile_path_get(&list);
     EXPECT_EQ(scene::taken(list),
               "a:b:c:" + text("").substr(0, text("").size() - 1) + ":" + text("home"));
-
-    for (const char *name : {"now", "later"})
-        std::ofstream(root_ / name) << "x\r\n";
-    QZFILEF_DOS_TO_UNIX("now ", &status_, 4);
-    EXPECT_EQ(status_, 0);
-    QZFILEF_DOS_TO_UNIX_REGISTER("later ", &status_, 6);
-    EXPECT_EQ(status_, 0);
-    QZFILEF_DOS_TO_UNIX_CONVERT(&status_);
-    EXPECT_EQ(status_, 0);
-    for (const char *name : {"now", "later"})
-        EXPECT_EQ(std::filesystem::file_size(root_ / name), 2u) << name;
-
-    status_ = -9;
-    QZFILEF_INITIALIZE(nullptr, &status_);
-    EXPECT_EQ(status_, 0);
 }
 
 } // namespace

@@ -67,20 +67,24 @@ contains
         call qzerrf_level(id, 3, status)
         call require(status == 1, 'level')
         write (unit, '(a)') 'before'
-        call qzerrf_throw(id, 5, message, status)
+        call qzerrf_throw(id, 2, message, status)
+        call require(status == 1, 'throw below the level')
+        call qzerrf_throw(id, 3, message, status)
         call require(status == 1, 'throw')
         write (unit, '(a)') 'after'
         call qzerrf_maxlevel(id, level, status)
-        call require(status == 1 .and. level == 5, 'maxlevel')
+        call require(status == 1 .and. level == 3, 'maxlevel')
         call qzerrf_return_code(level, code)
-        call require(code == 'QZERR_FATAL', 'return_code')
+        call require(code == 'QZERR_INFO', 'return_code')
         call qzerrf_delete(id)
+        call qzerrf_level(id, level, status)
+        call require(status == 0, 'deleted')
 
         rewind (unit)
         read (unit, '(a)') line
         call require(line == 'before', 'first record')
         read (unit, '(a)') line
-        call require(line == 'PLAIN FATAL mesh 5', 'second record: ' // trim(line))
+        call require(line == 'PLAIN INFO mesh 5', 'second record: ' // trim(line))
         read (unit, '(a)') line
         call require(line == 'after', 'third record')
         read (unit, '(a)', iostat=ios) line
@@ -159,18 +163,18 @@ contains
         call qzfilef_path_add_home(status)
         call require(status == 0, 'path_add_home')
 
-        open (21, file='plain_calls.txt', status='replace', access='stream')
-        write (21) 'x' // achar(13) // achar(10)
-        close (21)
+        call write_dos_line
         call qzfilef_exists('plain_calls.txt  ', 0, status)
         call require(status == 0, 'exists')
         call qzfilef_find('plain_calls.txt', 0, path, status)
         call require(status == 0 .and. path == '.\plain_calls.txt', 'find')
         call qzfilef_dos_to_unix('plain_calls.txt', status)
-        call require(status == 0, 'dos_to_unix')
+        call require(status == 0 .and. bytes() == 2, 'dos_to_unix')
+        call write_dos_line
         call qzfilef_dos_to_unix_register('plain_calls.txt', status)
+        call require(status == 0 .and. bytes() == 3, 'dos_to_unix_register')
         call qzfilef_dos_to_unix_convert(status)
-        call require(status == 0, 'dos_to_unix_convert')
+        call require(status == 0 .and. bytes() == 2, 'dos_to_unix_convert')
         open (21, file='plain_calls.txt')
         close (21, status='delete')
 
@@ -181,4 +185,14 @@ contains
         call qzfilef_path_localize(path, status)
         call require(status == 0 .and. path == '\a', 'path_localize')
     end subroutine
+
+    subroutine write_dos_line
+        open (21, file='plain_calls.txt', status='replace', access='stream')
+        write (21) 'x' // achar(13) // achar(10)
+        close (21)
+    end subroutine
+
+    integer function bytes()
+        inquire (file='plain_calls.txt', size=bytes)
+    end function
 end program
