@@ -4,132 +4,117 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <string>
 
 namespace {
 
-struct Fault {
-    const char *why;
-    int result;
-    int (*call)(int list);
-    const char *messages;
-};
+int value_int;
+double value_double;
 
 int is_null(const void *pointer)
 {
     return pointer == nullptr ? -1 : 0;
 }
 
-int value_int = 7;
-double value_double = 7.0;
-
 // clang-format off
-/// Each row gets a list of the three tokens a, b, c; handle 9999 is none.
+struct Fault {
+    const char *call;   ///< as the message names it
+    const char *what;   ///< is bad
+    std::size_t indent; ///< of the second line; 0 for none
+    int result;         ///< 1 is that of the throw
+    int (*with)(int list, int bad);
+};
+
 const Fault kFaults[] = {
-    {"add", -1, [](int) { return qztoken_add(9999, "x"); },
-     "WARNING qztoken_add(): bad tok index = 9999 \n"},
-    {"add null", -1, [](int) { return qztoken_add(-1, nullptr); },
-     "WARNING qztoken_add(): bad tok index = -1 \n"},
-    {"addn names add", -1, [](int) { return qztoken_addn(9999, "x", 1, 0, 0); },
-     "WARNING qztoken_add(): bad tok index = 9999 \n"},
-    {"clear", -1, [](int) { return qztoken_clear(9999); },
-     "WARNING qztoken_clear(): bad tok index = 9999 \n"},
-    {"delete", -1, [](int) { return qztoken_delete(9999); },
-     "WARNING qztoken_delete(): bad tok index = 9999 \n"},
-    {"delete_token, list", -1, [](int) { return qztoken_delete_token(9999, 0); },
-     "WARNING qztoken_delete_token(): bad tok index = 9999 \n"},
-    {"delete_token, index", -1, [](int h) { return qztoken_delete_token(h, 3); },
-     "WARNING qztoken_delete_token(): bad index = 3 \n"
-     "WARNING                       :  only 3 tokens in list\n"},
-    {"num", -1, [](int) { return qztoken_num(-1); },
-     "WARNING qztoken_num(): bad tok index = -1 \n"},
-    {"set_quoted_characters has the throw's result", 1,
- [](int) { return qztoken_set_quoted_characters(9999, "x"); },
-     "WARNING qztoken_set_quoted_characters(): bad tok index = 9999 \n"},
-    {"copy, destination", -1, [](int h) { return qztoken_copy(9999, h); },
-     "WARNING qztoken_copy(): bad dest index = 9999 \n"},
-    {"copy, source", -1, [](int h) { return qztoken_copy(h, 9999); },
-     "WARNING qztoken_copy(): bad source index = 9999 \n"},
-    {"copy, both", -1, [](int) { return qztoken_copy(-1, -2); },
-     "WARNING qztoken_copy(): bad dest index = -1 \n"},
-    {"copyn names copy, destination", -1, [](int h) { return qztoken_copyn(9999, h, 1, 0, 0); },
-     "WARNING qztoken_copy(): bad dest index = 9999 \n"},
-    {"copyn names copy, source", -1, [](int h) { return qztoken_copyn(h, 9999, 1, 0, 0); },
-     "WARNING qztoken_copy(): bad source index = 9999 \n"},
-    {"find_type, list", -1, [](int) { return qztoken_find_type(9999, 0); },
-     "WARNING qztoken_find_type(): bad tok index = 9999 \n"},
-    {"find_type, index: one indentation of its own", -1,
- [](int h) { return qztoken_find_type(h, -1); },
-     "WARNING qztoken_find_type(): bad index = -1 \n"
-     "WARNING                      :  only 3 tokens in list\n"},
-    {"get_token, list", -1, [](int) { return is_null(qztoken_get_token(9999, 0)); },
-     "WARNING qztoken_get_token(): bad tok index = 9999 \n"},
-    {"get_token, index", -1, [](int h) { return is_null(qztoken_get_token(h, 3)); },
-     "WARNING qztoken_get_token(): bad index = 3 \n"
-     "WARNING                  :  only 3 tokens in list\n"},
-    {"get_int, list", -1, [](int) { return qztoken_get_int(9999, 0, &value_int); },
-     "WARNING qztoken_get_int(): bad tok index = 9999 \n"},
-    {"get_int, index", -1, [](int h) { return qztoken_get_int(h, 3, &value_int); },
-     "WARNING qztoken_get_int(): bad index = 3 \n"
-     "WARNING                  :  only 3 tokens in list\n"},
-    {"get_int of no integer is no fault to report", -1,
- [](int h) { return qztoken_get_int(h, 0, &value_int); }, ""},
-    {"get_double, list", -1, [](int) { return qztoken_get_double(9999, 0, &value_double); },
-     "WARNING qztoken_get_double(): bad tok index = 9999 \n"},
-    {"get_double, index", -1, [](int h) { return qztoken_get_double(h, 3, &value_double); },
-     "WARNING qztoken_get_double(): bad index = 3 \n"
-     "WARNING                  :  only 3 tokens in list\n"},
-    {"get_double of no number", -1, [](int h) { return qztoken_get_double(h, 0, &value_double); },
- ""},
-    {"index, list", -1, [](int) { return qztoken_index(9999, "a"); },
-     "WARNING qztoken_index(): bad tok index = 9999 \n"},
-    {"index of an absent text", -1, [](int h) { return qztoken_index(h, "x"); }, ""},
-    {"index of no text", -1, [](int h) { return qztoken_index(h, nullptr); }, ""},
-    {"indexn, list", -1, [](int) { return qztoken_indexn(9999, "a", 1); },
-     "WARNING qztoken_indexn(): bad tok index = 9999 \n"},
-    {"indexn of no text", -1, [](int h) { return qztoken_indexn(h, nullptr, 1); }, ""},
-    {"merge, destination", -1, [](int h) { return qztoken_merge(9999, h); },
-     "WARNING qztoken_merge(): bad dest index = 9999 \n"},
-    {"merge, source", -1, [](int h) { return qztoken_merge(h, 9999); },
-     "WARNING qztoken_merge(): bad source index = 9999 \n"},
-    {"mergen, destination", -1, [](int h) { return qztoken_mergen(9999, h, 1, 0, 0); },
-     "WARNING qztoken_mergen(): bad dest index = 9999 \n"},
-    {"mergen, source", -1, [](int h) { return qztoken_mergen(h, 9999, 1, 0, 0); },
-     "WARNING qztoken_mergen(): bad source index = 9999 \n"},
-    {"replace, list", -1, [](int) { return qztoken_replace(9999, 0, "x"); },
-     "WARNING qztoken_replace(): bad tok index = 9999 \n"},
-    {"replace, index", -1, [](int h) { return qztoken_replace(h, 3, "x"); },
-     "WARNING qztoken_replace(): bad index = 3 \n"
-     "WARNING                  :  only 3 tokens in list\n"},
-    {"replace by no text", -1, [](int h) { return qztoken_replace(h, 0, nullptr); }, ""},
-    {"tolower_token has the throw's result, list", 1,
- [](int) { return qztoken_tolower_token(9999, 0); },
-     "WARNING qztoken_tolower_token(): bad tok index = 9999 \n"},
-    {"tolower_token has the throw's result, index", 1,
- [](int h) { return qztoken_tolower_token(h, 3); },
-     "WARNING qztoken_tolower_token(): bad index = 3 \n"
-     "WARNING                  :  only 3 tokens in list\n"},
-    {"toupper", -1, [](int) { return qztoken_toupper(9999); },
-     "WARNING qztoken_toupper(): bad tok index = 9999 \n"},
-    {"get_string", -1, [](int) { return is_null(qztoken_get_string(9999)); },
-     "WARNING qztoken_get_string(): bad tok index = 9999 \n"},
+    {"add", "tok ", 0, -1, [](int, int bad) { return qztoken_add(bad, nullptr); }},
+    {"add", "tok ", 0, -1, [](int, int bad) { return qztoken_addn(bad, "x", 1, 0, 0); }},
+    {"clear", "tok ", 0, -1, [](int, int bad) { return qztoken_clear(bad); }},
+    {"delete", "tok ", 0, -1, [](int, int bad) { return qztoken_delete(bad); }},
+    {"delete_token", "tok ", 0, -1, [](int, int bad) { return qztoken_delete_token(bad, 0); }},
+    {"num", "tok ", 0, -1, [](int, int bad) { return qztoken_num(bad); }},
+    {"set_quoted_characters", "tok ", 0, 1,
+     [](int, int bad) { return qztoken_set_quoted_characters(bad, "x"); }},
+    {"copy", "dest ", 0, -1, [](int list, int bad) { return qztoken_copy(bad, list); }},
+    {"copy", "dest ", 0, -1, [](int, int bad) { return qztoken_copy(bad, bad); }},
+    {"copy", "source ", 0, -1, [](int list, int bad) { return qztoken_copy(list, bad); }},
+    {"copy", "dest ", 0, -1, [](int list, int bad) { return qztoken_copyn(bad, list, 1, 0, 0); }},
+    {"copy", "source ", 0, -1, [](int list, int bad) { return qztoken_copyn(list, bad, 1, 0, 0); }},
+    {"merge", "dest ", 0, -1, [](int list, int bad) { return qztoken_merge(bad, list); }},
+    {"merge", "source ", 0, -1, [](int list, int bad) { return qztoken_merge(list, bad); }},
+    {"mergen", "dest ", 0, -1, [](int list, int bad) { return qztoken_mergen(bad, list, 1, 0, 0); }},
+    {"mergen", "source ", 0, -1, [](int list, int bad) { return qztoken_mergen(list, bad, 1, 0, 0); }},
+    {"find_type", "tok ", 0, -1, [](int, int bad) { return qztoken_find_type(bad, 0); }},
+    {"get_token", "tok ", 0, -1, [](int, int bad) { return is_null(qztoken_get_token(bad, 0)); }},
+    {"get_int", "tok ", 0, -1, [](int, int bad) { return qztoken_get_int(bad, 0, &value_int); }},
+    {"get_double", "tok ", 0, -1,
+     [](int, int bad) { return qztoken_get_double(bad, 0, &value_double); }},
+    {"index", "tok ", 0, -1, [](int, int bad) { return qztoken_index(bad, "a"); }},
+    {"indexn", "tok ", 0, -1, [](int, int bad) { return qztoken_indexn(bad, "a", 1); }},
+    {"replace", "tok ", 0, -1, [](int, int bad) { return qztoken_replace(bad, 0, "x"); }},
+    {"tolower_token", "tok ", 0, 1, [](int, int bad) { return qztoken_tolower_token(bad, 0); }},
+    {"toupper", "tok ", 0, -1, [](int, int bad) { return qztoken_toupper(bad); }},
+    {"get_string", "tok ", 0, -1, [](int, int bad) { return is_null(qztoken_get_string(bad)); }},
+    {"regex_compile", "tok ", 0, -1, [](int, int bad) { return qztoken_regex_compile(bad); }},
+    {"delete_token", "", 22, -1, qztoken_delete_token},
+    {"find_type", "", 21, -1, qztoken_find_type},
+    {"get_token", "", 17, -1, [](int list, int bad) { return is_null(qztoken_get_token(list, bad)); }},
+    {"get_int", "", 17, -1, [](int list, int bad) { return qztoken_get_int(list, bad, &value_int); }},
+    {"get_double", "", 17, -1,
+     [](int list, int bad) { return qztoken_get_double(list, bad, &value_double); }},
+    {"replace", "", 17, -1, [](int list, int bad) { return qztoken_replace(list, bad, "x"); }},
+    {"tolower_token", "", 17, 1, qztoken_tolower_token},
+};
+
+/// What fails without a message.
+struct SilentFault {
+    const char *call;
+    int (*with)(int list);
+};
+
+const SilentFault kSilentFaults[] = {
+    {"get_int", [](int list) { return qztoken_get_int(list, 0, &value_int); }},
+    {"get_double", [](int list) { return qztoken_get_double(list, 0, &value_double); }},
+    {"index", [](int list) { return qztoken_index(list, "x"); }},
+    {"index of no text", [](int list) { return qztoken_index(list, nullptr); }},
+    {"indexn of no text", [](int list) { return qztoken_indexn(list, nullptr, 1); }},
+    {"replace by no text", [](int list) { return qztoken_replace(list, 0, nullptr); }},
 };
 
 // clang-format on
 
+/// @p call gets a list of the three tokens a, b, c.
+template <typename Call>
+void expect_fault(const std::string &name, Call call, int result, const std::string &messages)
+{
+    SCOPED_TRACE(name);
+    const List list{"a", "b", "c"};
+    value_int = 7;
+    value_double = 7.0;
+    EXPECT_EQ(messages_of([&] { EXPECT_EQ(call(list), result); }), messages);
+    EXPECT_EQ(list.text(), "[a][b][c]") << "a fault changes nothing";
+    EXPECT_EQ(value_int, name == "get_int" ? 0 : 7);
+    EXPECT_EQ(value_double, name == "get_double" ? 0.0 : 7.0);
+}
+
 TEST(Messages, EveryFault)
 {
     for (const Fault &fault : kFaults) {
-        SCOPED_TRACE(fault.why);
-        const List list{"a", "b", "c"};
-        value_int = 7;
-        value_double = 7.0;
-        EXPECT_EQ(messages_of([&] { EXPECT_EQ(fault.call(list), fault.result); }), fault.messages);
-        EXPECT_EQ(list.text(), "[a][b][c]") << "a fault changes nothing";
-        const std::string call = fault.why;
-        EXPECT_EQ(value_int, call.rfind("get_int", 0) == 0 ? 0 : 7);
-        EXPECT_EQ(value_double, call.rfind("get_double", 0) == 0 ? 0.0 : 7.0);
+        for (int bad : {9999, -1, INT_MIN}) {
+            std::string messages = "WARNING qztoken_" + std::string(fault.call) + "(): bad " +
+                                   fault.what + "index = " + std::to_string(bad) + " \n";
+            if (fault.indent != 0)
+                messages +=
+                    "WARNING " + std::string(fault.indent, ' ') + ":  only 3 tokens in list\n";
+            const auto call = [&](int list) { return fault.with(list, bad); };
+            expect_fault(fault.call, call, fault.result, messages);
+        }
     }
+    const auto regex_index = [](int) { return qztoken_regex_index(9999, "a"); };
+    expect_fault("regex_index", regex_index, -1,
+                 "WARNING qztoken_regex_index():bad tok index = 9999\n");
+    for (const SilentFault &fault : kSilentFaults)
+        expect_fault(fault.call, fault.with, -1, "");
 }
 
 } // namespace
