@@ -106,7 +106,8 @@ QZ_API int qzpref_new(size_t *h, QZPREF_PRODUCTS product);
 QZ_API void qzpref_delete(size_t h);
 
 /**
- * Enters a group: later keys are relative to it.
+ * Enters a group: later keys are relative to it. An exception that the window function of handler
+ * -1 throws about the message passes through, and no group is entered.
  *
  * @param key  One or more components; an empty text or NULL enters nothing and is left all the
  * same.

@@ -174,7 +174,9 @@ void qzpref_delete(size_t h)
 
 int qzpref_begin_group(size_t h, const char *key)
 {
-    return guarded(h, [&](QZPREF &store) { return store.beginGroup(text_or_empty(key)); });
+    // Not guarded: what a caller's own message function throws goes on to the caller.
+    const Store store = store_of(h);
+    return store ? store->beginGroup(text_or_empty(key)) : QZPREF_FAILURE;
 }
 
 void qzpref_end_group(size_t h)

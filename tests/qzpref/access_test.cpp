@@ -119,6 +119,9 @@ TEST_F(Handles, ScopeGroupsAndPlatforms)
     EXPECT_EQ(qzpref_get_type(h_, "there"), QZPREF_TYPE_INT);
     qzpref_end_group(h_);
     qzpref_end_group(h_);
+    qzerr_window(-1, [](const char *) -> int { throw std::runtime_error("shown"); });
+    EXPECT_THROW(qzpref_begin_group(h_, "a//b"), std::runtime_error);
+    qzerr_window(-1, nullptr);
     scene::Messages messages;
     EXPECT_EQ(qzpref_begin_group(h_, "a//b"), QZPREF_INVALID_KEY);
     EXPECT_EQ(taken(qzpref_get_group(h_)), "");
