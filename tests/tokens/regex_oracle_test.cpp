@@ -1,109 +1,81 @@
 // Every way of matching gives the answer of the slow matcher.
-#include "qzerr.h"
 #include "qzregex.h"
 #include "tokens/regex_match.h"
 #include "tokens/regex_oracle.h"
+#include "tokens/token_test.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <optional>
 #include <random>
 #include <string>
 #include <vector>
 
 namespace {
 
-std::string last_message;
+/// The sub-matches as offsets; none when there is no match.
+using Answer = std::optional<oracle::SubMatches>;
 
-int keep_message(const char *message)
+/// @p place gives the start of each sub-match for 0, its end for 1.
+template <class Place> Answer answer(bool matched, const char *text, Place place)
 {
-    last_message = message;
-    return 0;
-}
-
-std::string written(bool matched, const oracle::SubMatches &found)
-{
-    std::string text = matched ? "match" : "no match";
-    for (size_t i = 0; matched && i < found.size(); ++i)
-        text += " " + std::to_string(found[i].first) + "-" + std::to_string(found[i].second);
-    return text;
-}
-
-template <class Pointers> std::string written(bool matched, const char *text, Pointers pointers)
-{
-    oracle::SubMatches found;
+    if (!matched)
+        return std::nullopt;
     const auto offset = [=](const void *at) {
         return at == nullptr ? -1 : static_cast<int>(static_cast<const char *>(at) - text);
     };
+    oracle::SubMatches found;
     for (size_t i = 0; i < found.size(); ++i)
-        found[i] = {offset(pointers(i).first), offset(pointers(i).second)};
-    return written(matched, found);
+        found[i] = {offset(place(i, 0)), offset(place(i, 1))};
+    return found;
 }
 
-class Oracle : public testing::Test {
-protected:
-    void SetUp() override
-    {
-        qzerr_file(-1, nullptr);
-        qzerr_window(-1, keep_message);
+void compare(const oracle::TreePtr &tree, qz_regexp *program, const std::string &text)
+{
+    using namespace qz::regex;
+    SCOPED_TRACE(text);
+    oracle::SubMatches found;
+    const Answer expected = oracle::Matcher(text).search(tree, found) ? Answer(found) : Answer();
+
+    const bool matched = qz_regexec(program, text.c_str()) == 1;
+    const auto place = [=](size_t i, int end) {
+        return end == 0 ? program->startp[i] : program->endp[i];
+    };
+    EXPECT_EQ(expected, answer(matched, text.c_str(), place));
+
+    const auto *block = reinterpret_cast<const char *>(program);
+    const auto *plan = reinterpret_cast<const Plan *>(block + program->plan_at);
+    for (const Method method : {Method::kThorough, Method::kSimulation}) {
+        Slots slots{};
+        const bool also = search(*plan, text.c_str(), slots, method);
+        const auto slot = [&](size_t i, size_t end) { return slots[2 * i + end]; };
+        EXPECT_EQ(expected, answer(also, text.c_str(), slot))
+            << "by method " << static_cast<int>(method);
     }
+}
 
-    void TearDown() override
-    {
-        qzerr_window(-1, nullptr);
-        qzerr_file(-1, stderr);
+/// Compares on every text. @return whether the pattern was accepted.
+bool compare(const std::string &pattern, const std::vector<std::string> &texts)
+{
+    SCOPED_TRACE(pattern);
+    oracle::TreePtr tree;
+    std::string message;
+    try {
+        tree = oracle::Parser(pattern).parse();
+    } catch (const char *refusal) {
+        message = "FATAL Error in regular expression: " + std::string(refusal) + " \n";
     }
-
-    /// Compares on every text. @return whether the pattern was accepted.
-    static bool compare(const std::string &pattern, const std::vector<std::string> &texts)
-    {
-        oracle::TreePtr tree;
-        std::string reason;
-        try {
-            tree = oracle::Parser(pattern).parse();
-        } catch (const char *refusal) {
-            reason = "FATAL Error in regular expression: " + std::string(refusal) + " \n";
-        }
-        last_message.clear();
-        qz_regexp *program = qz_regcomp(pattern.c_str());
-        EXPECT_EQ(reason, last_message) << pattern;
-        EXPECT_EQ(tree != nullptr, program != nullptr) << pattern;
-        if (tree != nullptr && program != nullptr) {
-            for (const std::string &text : texts)
-                compare(pattern, tree, program, text);
-        }
-        std::free(program);
-        return tree != nullptr;
+    qz_regexp *program = nullptr;
+    EXPECT_EQ(messages_of([&] { program = qz_regcomp(pattern.c_str()); }), message);
+    EXPECT_EQ(tree != nullptr, program != nullptr);
+    if (tree != nullptr && program != nullptr) {
+        for (const std::string &text : texts)
+            compare(tree, program, text);
     }
-
-private:
-    static void compare(const std::string &pattern, const oracle::TreePtr &tree, qz_regexp *program,
-                        const std::string &text)
-    {
-        using namespace qz::regex;
-        oracle::SubMatches found;
-        const bool matches = oracle::Matcher(text).search(tree, found);
-        const std::string expected = written(matches, found);
-
-        const bool matched = qz_regexec(program, text.c_str()) == 1;
-        const auto entry = [=](size_t i) {
-            return std::make_pair(program->startp[i], program->endp[i]);
-        };
-        EXPECT_EQ(expected, written(matched, text.c_str(), entry)) << pattern << " in " << text;
-
-        const auto *block = reinterpret_cast<const char *>(program);
-        const auto *plan = reinterpret_cast<const Plan *>(block + program->plan_at);
-        for (const Method method : {Method::kThorough, Method::kSimulation}) {
-            Slots slots{};
-            const bool also = search(*plan, text.c_str(), slots, method);
-            const auto slot = [&](size_t i) {
-                return std::make_pair(slots[2 * i], slots[2 * i + 1]);
-            };
-            EXPECT_EQ(expected, written(also, text.c_str(), slot))
-                << pattern << " in " << text << " by method " << static_cast<int>(method);
-        }
-    }
-};
+    std::free(program);
+    return tree != nullptr;
+}
 
 /// All texts over @p alphabet of at most @p length characters, the empty one first.
 std::vector<std::string> all_texts(const std::string &alphabet, size_t length)
@@ -118,7 +90,7 @@ std::vector<std::string> all_texts(const std::string &alphabet, size_t length)
     return texts;
 }
 
-TEST_F(Oracle, EveryShortPattern)
+TEST(Oracle, EveryShortPattern)
 {
     const std::vector<std::string> texts = all_texts("ab", 3);
     int accepted = 0;
@@ -149,7 +121,7 @@ std::string random_pattern(std::mt19937 &random, int depth)
     return pattern;
 }
 
-TEST_F(Oracle, RandomPatterns)
+TEST(Oracle, RandomPatterns)
 {
     std::mt19937 random(20253);
     const std::vector<std::string> short_texts = all_texts("abc", 2);
