@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <map>
 #include <optional>
 #include <string>
@@ -36,6 +37,17 @@ inline std::string taken(char *text)
     const std::string copy = text ? text : "(null)";
     std::free(text);
     return copy;
+}
+
+/// The text that a call throws; "" when it throws nothing.
+template <typename Error, typename Call> std::string thrown(Call call)
+{
+    try {
+        call();
+    } catch (const Error &error) {
+        return error.what();
+    }
+    return "";
 }
 
 /// A directory of its own that is the working directory and holds the user's home; variables that
@@ -75,12 +87,40 @@ protected:
         qunsetenv(variable.c_str());
     }
 
-    /// Makes an empty file and its directories.
-    void touch(const std::filesystem::path &file)
+    /// Makes a file and its directories.
+    void write(const std::filesystem::path &file, const std::string &bytes) const
     {
         const auto path = root_ / file;
         std::filesystem::create_directories(path.parent_path());
-        std::ofstream(path).close();
+        std::ofstream(path, std::ios::binary) << bytes;
+    }
+
+    void touch(const std::filesystem::path &file) const { write(file, ""); }
+
+    std::string read(const std::filesystem::path &file) const
+    {
+        std::ifstream stream(root_ / file, std::ios::binary);
+        return {std::istreambuf_iterator<char>(stream), {}};
+    }
+
+    /// Makes a link; false where the user has no right to.
+    bool link(const std::filesystem::path &target, const std::filesystem::path &name) const
+    {
+        std::error_code refused;
+        if (std::filesystem::is_directory(root_ / target))
+            std::filesystem::create_directory_symlink(root_ / target, root_ / name, refused);
+        else
+            std::filesystem::create_symlink(root_ / target, root_ / name, refused);
+        return !refused;
+    }
+
+    /// Leaves a working directory that is gone; false where the system keeps it.
+    bool lose_working_directory() const
+    {
+        std::filesystem::create_directory(root_ / "gone");
+        std::filesystem::current_path(root_ / "gone");
+        std::error_code refused;
+        return std::filesystem::remove(root_ / "gone", refused);
     }
 
     bool is_there(const std::filesystem::path &name) const
