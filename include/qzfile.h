@@ -196,13 +196,11 @@ QZ_API const char *qzfile_get_constant(int index);
  *             (QZERR_FATAL);
  *         -1  a name to read is no file on the search path, "QZFILE: file not found in search path:
  *             \"%s\"\n" (QZERR_INFO); qzfile_exists() may report before;
- *         -1  the name is longer than 255 bytes or its directory than 1023: "QZFILE: file name or
- *             directory too long: \"%s\"\n" (QZERR_INFO). The file is as it was;
  *         -1  the file cannot be opened, "QZFILE: unable to open file (%s): \"%s\"\n" with mode and
  *             name when @p mode holds an 'r', else "QZFILE: unable to open file for reading:
  *             \"%s\"\n" whatever the mode (QZERR_INFO);
- *         -1  a name to read is found and the working directory cannot be had, as
- *             qzfile_dir_current_get() reports.
+ *         -1  the working directory cannot be had, as qzfile_dir_current_get() reports; an absolute
+ *             name does not need it.
  */
 QZ_API int qzfile_open(const char *name, FILE **out, const char *mode);
 
@@ -221,8 +219,9 @@ QZ_API int qzfile_close(FILE *stream);
 /**
  * Where a file of qzfile_open() lies: its directory, one '\\' and its name.
  *
- * The directory is that of an absolute name with '\\' as its separator, the search path's own for
- * a name found there ("." for the working directory), and else the working directory of that time.
+ * An absolute name is split as by qzfile_parse_path(): at its last '\\', and one that has none is
+ * all name. Of any other the directory is the search path's own for a name found there ("." for the
+ * working directory), and else the working directory of that time, and the name is as given.
  *
  * @param stream    The stream.
  * @param[out] buf  Receives the path; "" unless 0 is returned.

@@ -9,9 +9,7 @@ namespace qz::file {
 
 /// The most files that are open at once.
 constexpr std::size_t kOpenFileLimit = 100;
-// The longest texts of a record, in bytes.
-constexpr std::size_t kLongestFileName = 255;
-constexpr std::size_t kLongestFileDirectory = 1023;
+/// The longest mode that is kept, in bytes.
 constexpr std::size_t kLongestMode = 15;
 
 /// A file that was opened here: where it lies, and how it was opened.

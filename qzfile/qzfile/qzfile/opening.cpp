@@ -1,4 +1,3 @@
-#include "platform/directory_calls.h"
 #include "platform/file.h"
 #include "qzerr.h"
 #include "qzfile.h"
@@ -9,9 +8,9 @@
 #include "qzfile/qzfile/qzfile/path_text.h"
 #include "qzfile/qzfile/qzfile/stream.h"
 
-#include <cerrno>
 #include <cstring>
 #include <string>
+#include <utility>
 
 using namespace qz::file;
 
@@ -25,13 +24,6 @@ struct Request {
     bool reads() const { return std::strchr(mode, 'r') != nullptr; }
 };
 
-/// A file before it is opened: what goes into the table, and the path that opens it.
-struct Place {
-    std::string directory;
-    std::string name;
-    std::string path;
-};
-
 int fail_to_open(const Request &request)
 {
     // The texts do not say which mode they stand for; programs that read logs know them so.
@@ -41,49 +33,50 @@ int fail_to_open(const Request &request)
     return fail_at(QZERR_INFO, "QZFILE: unable to open file for reading: \"%s\"\n", request.name);
 }
 
-int fail_too_long(const Request &request)
+/// Opens a path; a failure is reported for the name that was asked for.
+Stream open_path(const std::string &path, const Request &request)
 {
-    return fail_at(QZERR_INFO, "QZFILE: file name or directory too long: \"%s\"\n", request.name);
+    Stream stream(qz::platform::qzwin32_fopen(path, request.mode));
+    if (!stream)
+        fail_to_open(request);
+    return stream;
 }
 
-/// Opens and enters a file. What the table cannot hold is refused before the open, which may
-/// already cut a file to nothing.
-int open_at(const Place &place, const Request &request, FILE **out)
+/// Puts an open file into the table and hands its stream out.
+int enter(Stream stream, const char *directory, const char *name, const Request &request,
+          FILE **out)
 {
-    if (place.name.size() > kLongestFileName || place.directory.size() > kLongestFileDirectory)
-        return fail_too_long(request);
-    Stream stream(qz::platform::qzwin32_fopen(place.path, request.mode));
-    if (!stream)
-        return fail_to_open(request);
     const std::string mode(request.mode, ::strnlen(request.mode, kLongestMode));
-    open_files().enter({place.directory, place.name, stream.get(), mode});
+    open_files().enter({directory, name, stream.get(), mode});
     *out = stream.release();
     return 0;
 }
 
 int open_absolute(const Request &request, FILE **out)
 {
-    const std::string path = localized(request.name);
+    Stream stream = open_path(request.name, request);
+    if (!stream)
+        return -1;
     char *directory = nullptr;
     char *base = nullptr;
-    const int status = qzfile_parse_path(path.c_str(), &directory, &base);
+    const int status = qzfile_parse_path(request.name, &directory, &base);
     const CText owned_directory(directory);
     const CText owned_base(base);
     if (status != 0)
         return status;
-    return open_at({or_empty(directory), or_empty(base), path}, request, out);
+    return enter(std::move(stream), or_empty(directory), or_empty(base), request, out);
 }
 
 int open_in_current_directory(const Request &request, FILE **out)
 {
-    char current[kLongestFileDirectory + 1];
-    const int reason = qz::platform::current_directory(current, sizeof current);
-    if (reason == ERANGE)
-        return fail_too_long(request);
-    // Without a working directory there is no place for the file either.
-    if (reason != 0)
-        return fail_to_open(request);
-    return open_at({current, request.name, request.name}, request, out);
+    Stream stream = open_path(request.name, request);
+    if (!stream)
+        return -1;
+    char *current = nullptr;
+    if (const int status = qzfile_dir_current_get(&current); status != 0)
+        return status;
+    const CText owned(current);
+    return enter(std::move(stream), current, request.name, request, out);
 }
 
 /// Opens the name in its directory without going there: nothing is left to be undone when a step
@@ -100,7 +93,10 @@ int open_on_search_path(const Request &request, FILE **out)
         return status;
     const CText owned(current);
     const std::string &directory = found.directory->text;
-    return open_at({directory, request.name, append_name(directory, request.name)}, request, out);
+    Stream stream = open_path(append_name(directory, request.name), request);
+    if (!stream)
+        return -1;
+    return enter(std::move(stream), directory.c_str(), request.name, request, out);
 }
 
 int open_anywhere(const Request &request, FILE **out)
