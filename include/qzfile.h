@@ -468,11 +468,11 @@ QZ_API int qzfile_close_directory(int handle);
  *              spelling above 1024 characters is refused.
  *
  * @return  0  removed;
- *         -1  there is no file or directory of that name, or not all of a directory can be removed
- *             (no message);
+ *         -1  there is no file or directory of that name, not all of a directory can be removed, or
+ *             the working directory cannot be had (no message);
  *         -1  a file cannot be removed, "qzfile_rm_recursive: unlink failed: %s" (QZERR_WARNING;
- *             errno says why); @p path is null, "qzfile_rm_recursive: Null path.\n" (QZERR_FATAL);
- *             or the working directory cannot be had, as qzfile_dir_current_get() reports.
+ *             errno says why); or @p path is null, "qzfile_rm_recursive: Null path.\n"
+ *             (QZERR_FATAL).
  */
 QZ_API int qzfile_rm_recursive(const char *path);
 

@@ -29,10 +29,9 @@ std::optional<std::string> absolute_text(const char *path)
 {
     std::string text = path;
     if (!is_absolute(text)) {
-        char *current = nullptr;
-        if (qzfile_dir_current_get(&current) != 0)
+        char current[kPathLimit + 1];
+        if (qz::platform::current_directory(current, sizeof current) != 0)
             return std::nullopt;
-        const CText owned(current);
         text = std::string(current) + kSeparator + text;
     }
     if (text.size() > kPathLimit)
