@@ -494,9 +494,10 @@ QZ_API int qzfile_is_dosfile(const char *path);
  * goes. A line longer than 1023 bytes counts as lines of 1023 bytes, of which those without a
  * carriage return stay. NULs stay.
  *
- * The result is written beside the file as @p path and ".tmp" and takes its place in one step, with
- * its permissions: a failure leaves the file as it was and no ".tmp". A link goes on to name the
- * file, beside which the result is written then.
+ * The result is written beside the file as @p path and ".tmp", instead of a file that has this
+ * name, and takes its place in one step, with its permissions: a failure leaves the file as it was
+ * and no
+ * ".tmp". A link goes on to name the file, beside which the result is written then.
  *
  * @param path  The file; a relative path begins in the working directory, also when the file is
  *              found on the search path.
@@ -504,7 +505,7 @@ QZ_API int qzfile_is_dosfile(const char *path);
  * @return  0  converted, or nothing was to be done;
  *         -1  "qzfile_dos_to_unix():Failed to open '%s' for reading.\n";
  *         -1  "qzfile_dos_to_unix():Failed to open '%s' for writing.\n" with the ".tmp": it cannot
- *             be made, or something of that name is there, which is kept;
+ *             be made;
  *         -1  "qzfile_dos_to_unix():Failed to rename the converted file '%s' to '%s'.\n": it
  *             cannot be read or written to its end, or does not take the place;
  *         -1  "qzfile_dos_to_unix():Failed to allocate memory for path '%s'.\n" (all QZERR_FATAL).

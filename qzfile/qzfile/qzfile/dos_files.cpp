@@ -1,3 +1,4 @@
+#include "platform/directory_calls.h"
 #include "platform/file.h"
 #include "platform/file_stamp.h"
 #include "platform/native_path.h"
@@ -9,6 +10,7 @@
 #include "qzfile/qzfile/qzfile/lookup.h"
 #include "qzfile/qzfile/qzfile/stream.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <memory>
@@ -24,13 +26,23 @@ namespace {
 /// What is read at a time. It stays in the processor's cache between reading and writing.
 constexpr std::size_t kBlockBytes = std::size_t{256} << 10;
 
+/// Creates a file like another. One that has the name, left behind by a conversion that was killed,
+/// or a link goes first: what a link leads to is not written to.
+std::FILE *create_anew(const std::string &native_path, const std::string &native_model)
+{
+    std::FILE *stream = qz::platform::create_file_like(native_path, native_model);
+    if (!stream && errno == EEXIST && qz::platform::remove_file(native_path) == 0)
+        stream = qz::platform::create_file_like(native_path, native_model);
+    return stream;
+}
+
 /// A file being written beside another, gone again unless it takes that one's place. Once it is
 /// there, nothing needs memory.
 class SideFile {
 public:
     SideFile(std::string native_path, std::string native_target)
         : path_(std::move(native_path)), target_(std::move(native_target)),
-          stream_(qz::platform::create_file_like(path_, target_))
+          stream_(create_anew(path_, target_))
     {
         // It is written in blocks, which need no buffer between.
         if (stream_)
@@ -106,7 +118,6 @@ int convert_file(const char *path)
         return fail_at(QZERR_FATAL, "qzfile_dos_to_unix():Failed to open '%s' for reading.\n",
                        path);
     std::setvbuf(source.get(), nullptr, _IONBF, 0);
-    // A file that the user keeps under this name stays: it is an obstacle and not a leftover.
     SideFile result(file + ".tmp", file);
     if (!result.is_open())
         return fail_at(QZERR_FATAL, "qzfile_dos_to_unix():Failed to open '%s' for writing.\n",
