@@ -8,8 +8,8 @@
 #include "qzfile/qzfile/qzfile/search_list.h"
 #include "qzfile/qzfile/qzfile/search_templates.h"
 
-#include <algorithm>
 #include <new>
+#include <utility>
 
 namespace qz::file {
 
@@ -55,16 +55,20 @@ void SearchPath::add_list(std::string_view list)
     }
 }
 
+void SearchPath::clear()
+{
+    directories_.clear();
+    texts_.clear();
+}
+
 void SearchPath::add(SearchDirectory directory)
 {
-    const auto is_there = [&](const SearchDirectory &other) {
-        return other.text == directory.text;
-    };
-    if (std::any_of(directories_.begin(), directories_.end(), is_there))
+    if (texts_.count(directory.text) != 0)
         return;
     if (!directory.text.empty())
         directory.native_prefix = platform::native_path(append_name(directory.text, ""));
-    directories_.push_back(std::move(directory));
+    directories_.push_back(directory);
+    texts_.insert(std::move(directory.text));
 }
 
 SearchPath &search_path()

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 namespace qz::file {
@@ -31,12 +32,13 @@ public:
     /// Adds a directory at the end; one whose text is there already is dropped.
     void add(SearchDirectory directory);
 
-    void clear() { directories_.clear(); }
+    void clear();
 
     const std::vector<SearchDirectory> &directories() const { return directories_; }
 
 private:
     std::vector<SearchDirectory> directories_;
+    std::unordered_set<std::string> texts_; ///< of the directories, to know one that is there
 };
 
 /// The search path of the process, made by the first call.
