@@ -21,10 +21,6 @@ int current_directory(char *buffer, std::size_t size_bytes);
 /// Removes a file, or a link and never what it points to.
 int remove_file(std::string_view path);
 
-/// Renames within one file system. Whether a file in the place of @p to is replaced is the
-/// system's business (POSIX: yes, Windows: EEXIST).
-int rename_file(std::string_view from, std::string_view to);
-
 } // namespace qz::platform
 
 #endif

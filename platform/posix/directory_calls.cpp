@@ -3,7 +3,6 @@
 #include "platform/native_path.h"
 
 #include <cerrno>
-#include <cstdio>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -37,11 +36,6 @@ int current_directory(char *buffer, std::size_t size_bytes)
 int remove_file(std::string_view path)
 {
     return errno_of(::unlink(native_path(path).c_str()));
-}
-
-int rename_file(std::string_view from, std::string_view to)
-{
-    return errno_of(std::rename(native_path(from).c_str(), native_path(to).c_str()));
 }
 
 } // namespace qz::platform

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
-#include <cstdio>
 
 #include <direct.h>
 #include <io.h>
@@ -43,11 +42,6 @@ int current_directory(char *buffer, std::size_t size_bytes)
 int remove_file(std::string_view path)
 {
     return errno_of(::_unlink, path);
-}
-
-int rename_file(std::string_view from, std::string_view to)
-{
-    return std::rename(native_path(from).c_str(), native_path(to).c_str()) == 0 ? 0 : errno;
 }
 
 } // namespace qz::platform

@@ -2,9 +2,7 @@
 #include "platform/directory_calls.h"
 #include "platform/directory_of_its_own.h"
 #include "platform/file.h"
-#include "platform/file_kind.h"
 #include "platform/lock_file.h"
-#include "platform/users.h"
 
 #include <cerrno>
 #include <set>
@@ -19,22 +17,25 @@ TEST_F(Files, TheSameReasonOnEverySystem)
 {
     write("file", "");
     std::filesystem::create_directories(path("full/below"));
+    const std::string file = path("file");
+    const std::string full = path("full");
+    const std::string none = path("none");
+    const int replace_by_none = replace_file(none, file);
 
     const struct {
         const char *why;
         int result;
         int reason;
     } cases[] = {
-        {"a directory that is there",   make_directory(path("full")),   EEXIST                     },
-        {"below what is not there",     make_directory(path("none/a")), ENOENT                     },
-        {"below a file",                make_directory(path("file/a")), ENOTDIR                    },
-        {"without a name",              make_directory(""),             ENOENT                     },
-        {"into what is not there",      change_directory(path("none")), ENOENT                     },
-        {"into a file",                 change_directory(path("file")), ENOTDIR                    },
-        {"a file that is not there",    remove_file(path("none")),      ENOENT                     },
-        {"to rename what is not there", rename_file(path("none"),       path("b")),                  ENOENT},
-        {"to replace by what is not there",                             replace_file(path("none"),                           path("file")), ENOENT},
-        {"a lock below what is not there",                       make_lock_file(path("none/lock")),                                                     ENOENT                                                },
+        {"a directory that is there",       make_directory(full),           EEXIST },
+        {"below what is not there",         make_directory(none + "/a"),    ENOENT },
+        {"below a file",                    make_directory(file + "/a"),    ENOTDIR},
+        {"without a name",                  make_directory(""),             ENOENT },
+        {"into what is not there",          change_directory(none),         ENOENT },
+        {"into a file",                     change_directory(file),         ENOTDIR},
+        {"a file that is not there",        remove_file(none),              ENOENT },
+        {"to replace by what is not there", replace_by_none,                ENOENT },
+        {"a lock below what is not there",  make_lock_file(none + "/lock"), ENOENT },
     };
 
     for (const auto &c : cases) {
@@ -44,16 +45,6 @@ TEST_F(Files, TheSameReasonOnEverySystem)
     EXPECT_NE(remove_file(path("full")), 0);
     EXPECT_TRUE(is_there("full"));
     EXPECT_NE(make_lock_file(path("full")), 0);
-}
-
-TEST_F(Files, NoDirectoryOpensAsAFile)
-{
-    std::filesystem::create_directory(path("directory"));
-    for (const char *mode : {"r", "rb", "w", "a", "r+"}) {
-        errno = 0;
-        EXPECT_EQ(qzwin32_fopen(path("directory"), mode), nullptr) << mode;
-        EXPECT_NE(errno, 0);
-    }
 }
 
 TEST_F(Files, AreMadeWhereNothingIs)
@@ -71,16 +62,6 @@ TEST_F(Files, AreMadeWhereNothingIs)
     EXPECT_EQ(replace_file(path("made"), path("there")), 0);
     EXPECT_EQ(read("there"), "a\nb\r\n");
     EXPECT_FALSE(is_there("made"));
-}
-
-TEST_F(Files, AreOfAKind)
-{
-    write("file", "");
-    EXPECT_EQ(file_kind(path("file").c_str()), FileKind::RegularFile);
-    EXPECT_EQ(file_kind(root_.string().c_str()), FileKind::Directory);
-    EXPECT_EQ(file_kind(path("none").c_str()), FileKind::None);
-    EXPECT_EQ(file_kind(path("file/x").c_str()), FileKind::None);
-    EXPECT_EQ(file_kind(""), FileKind::None);
 }
 
 TEST_F(Files, AreListedByEveryName)
@@ -111,12 +92,6 @@ TEST_F(Files, ALockFileKeepsWhatItHolds)
     write("lock", "theirs");
     EXPECT_EQ(make_lock_file(path("lock")), 0);
     EXPECT_EQ(read("lock"), "theirs");
-}
-
-TEST(Users, NobodyHasNoHome)
-{
-    EXPECT_EQ(qzwin32_getpwnam("no such user"), std::nullopt);
-    EXPECT_EQ(qzwin32_getpwnam(""), std::nullopt);
 }
 
 } // namespace
