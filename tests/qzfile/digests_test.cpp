@@ -43,7 +43,7 @@ TEST_F(Digests, OfTextFileAndInput)
 {
     for (const DigestCase &c : kDigestCases) {
         SCOPED_TRACE(c.text.substr(0, 20));
-        std::ofstream(root_ / "file", std::ios::binary) << c.text;
+        write("file", c.text);
         Digest of_text = {1};
         Digest of_file = {1};
         Digest of_input = {1};
@@ -78,6 +78,6 @@ TEST_F(Digests, PathsAreTheSystemsOwn)
     qzfile_path_set("data");
     EXPECT_EQ(qzfile_md5_file(digest, "file"), 1) << "nothing is searched";
     EXPECT_EQ(qzfile_md5_file(digest, "data/file"), 0);
-    std::ofstream(root_ / "a\\b").close();
+    touch("a\\b");
     EXPECT_EQ(qzfile_md5_file(digest, "a\\b"), is_there("a\\b") ? 0 : 1);
 }

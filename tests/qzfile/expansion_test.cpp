@@ -24,16 +24,6 @@ protected:
     std::string home_;
 };
 
-constexpr char kNoSuchUser[] = "qfile_dir_user_home";
-
-struct BufferCase {
-    const char *why;
-    std::string text;
-    int size;
-    int result;
-    std::string left;
-};
-
 } // namespace
 
 TEST_F(Expansion, Syntax)
@@ -72,26 +62,45 @@ TEST_F(Expansion, Syntax)
 
 TEST_F(Expansion, ReportsAnUnknownUserAndGoesOn)
 {
-    const std::string unknown = std::string("~") + kNoSuchUser;
-    const std::string message = std::string("WARNING qzfile_dir_user_home: Unable to get home "
-                                            "directory for user '") +
-                                kNoSuchUser + "'\n";
-    Messages messages;
+    const std::string unknown = "WARNING qzfile_dir_user_home: Unable to get home directory for "
+                                "user 'qfile_nobody'\n";
+
+    const struct {
+        const char *why;
+        const char *text;
+        int result;
+        std::string expansion;
+    } cases[] = {
+        {"the rest is expanded",         "~qfile_nobody/x",          -1, "/x"                      },
+        {"a variable changes no status", "~qfile_nobody/$QZ_TEST_A", -1, "/one"                    },
+        {"a later directory clears it",  "~qfile_nobody\\$USERDATA", 0,  "\\" + home_ + "\\Halcyra"},
+    };
+
     char *out = nullptr;
-    EXPECT_EQ(qzfile_dir_expand((unknown + "/x").c_str(), &out), -1);
-    EXPECT_EQ(taken(out), "/x");
-    EXPECT_EQ(messages.text(), message);
-    EXPECT_EQ(qzfile_dir_expand((unknown + "/$QZ_TEST_A").c_str(), &out), -1);
-    EXPECT_EQ(taken(out), "/one") << "a variable of the environment changes no status";
-    EXPECT_EQ(qzfile_dir_expand((unknown + "/$APPDATA").c_str(), &out), 0)
-        << "a later directory that is found clears the failure";
-    taken(out);
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.why);
+        Messages messages;
+        EXPECT_EQ(qzfile_dir_expand(c.text, &out), c.result);
+        EXPECT_EQ(taken(out), c.expansion);
+        EXPECT_EQ(messages.text(), unknown);
+    }
+    Messages messages;
+    EXPECT_EQ(qzfile_dir_user_home(nullptr, &out), -1);
+    EXPECT_EQ(messages.text(), "WARNING qzfile_dir_user_home: null user name given\n");
+    EXPECT_EQ(out, nullptr);
 }
 
 TEST_F(Expansion, InPlace)
 {
     const std::string longest(1024, 'x');
-    const BufferCase cases[] = {
+
+    const struct {
+        const char *why;
+        std::string text;
+        int size;
+        int result;
+        std::string left;
+    } cases[] = {
         {"a result of exactly size gets its end behind it", "a$QZ_TEST_A/",   5,    0,  "aone/"      },
         {"one more is too much; what fits is left",         "a$QZ_TEST_A/",   4,    -1, "aone"       },
         {"cut within a value",                              "a$QZ_TEST_A",    2,    -1, "ao"         },
@@ -101,7 +110,8 @@ TEST_F(Expansion, InPlace)
         {"the longest text",                                longest,          1024, 0,  longest      },
         {"longer than the private copy",                    longest + "x",    2000, -1, longest + "x"},
     };
-    for (const BufferCase &c : cases) {
+
+    for (const auto &c : cases) {
         SCOPED_TRACE(c.why);
         std::vector<char> buffer(std::max<std::size_t>(c.text.size(), c.size) + 2, '#');
         std::strcpy(buffer.data(), c.text.c_str());
@@ -110,13 +120,4 @@ TEST_F(Expansion, InPlace)
         EXPECT_EQ(buffer.back(), '#') << "nothing behind the end is touched";
     }
     EXPECT_EQ(qzfile_dir_expand_buffer(nullptr, 9), -1);
-}
-
-TEST_F(Expansion, HomeOfNobody)
-{
-    Messages messages;
-    char *out = nullptr;
-    EXPECT_EQ(qzfile_dir_user_home(nullptr, &out), -1);
-    EXPECT_EQ(messages.text(), "WARNING qzfile_dir_user_home: null user name given\n");
-    EXPECT_EQ(out, nullptr);
 }

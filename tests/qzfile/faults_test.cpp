@@ -6,15 +6,13 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <iterator>
 #include <new>
 #include <string>
+#include <utility>
 
 #include <fcntl.h>
-#include <sys/resource.h>
 #include <unistd.h>
 
 using scene::Messages;
@@ -28,8 +26,8 @@ struct Countdown {
     bool is_over() { return calls > 0 && --calls == 0; }
 };
 
-Countdown fopen_fault, fdopen_fault, fchmod_fault, ferror_fault, fclose_fault, rename_fault;
-Countdown new_fault;
+Countdown fopen_fault, fdopen_fault, fchmod_fault, fwrite_fault, ferror_fault, fclose_fault,
+    rename_fault, new_fault;
 
 } // namespace
 
@@ -38,6 +36,7 @@ extern "C" {
 FILE *__real_fopen(const char *path, const char *mode);
 FILE *__real_fdopen(int fd, const char *mode);
 int __real_fchmod(int fd, mode_t mode);
+std::size_t __real_fwrite(const void *data, std::size_t size, std::size_t count, FILE *stream);
 int __real_ferror(FILE *stream);
 int __real_fclose(FILE *stream);
 int __real_rename(const char *from, const char *to);
@@ -61,6 +60,12 @@ FILE *__wrap_fdopen(int fd, const char *mode)
 int __wrap_fchmod(int fd, mode_t mode)
 {
     return fchmod_fault.is_over() ? failed(EPERM) : __real_fchmod(fd, mode);
+}
+
+std::size_t __wrap_fwrite(const void *data, std::size_t size, std::size_t count, FILE *stream)
+{
+    const bool is_full = fwrite_fault.is_over();
+    return __real_fwrite(data, size, is_full ? count / 2 : count, stream);
 }
 
 int __wrap_ferror(FILE *stream)
@@ -131,23 +136,33 @@ protected:
     Faults()
     {
         qzfile_path_set(".");
-        write_contents();
+        write(kName, kContents);
         descriptor_ = next_descriptor();
     }
 
     ~Faults() override
     {
-        EXPECT_EQ(contents(), kContents);
+        EXPECT_EQ(read(kName), kContents);
         EXPECT_FALSE(is_there(std::string(kName) + ".tmp"));
         EXPECT_EQ(next_descriptor(), descriptor_);
     }
 
-    void write_contents() const { std::ofstream(root_ / kName, std::ios::binary) << kContents; }
-
-    std::string contents() const
+    /// Makes a call without its first allocation, without its second and so on until it succeeds.
+    /// @return how many there are.
+    template <typename Call, typename Check> static int fail_each_allocation(Call call, Check check)
     {
-        std::ifstream file(root_ / kName, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
+        for (int allocation = 1;; ++allocation) {
+            SCOPED_TRACE(allocation);
+            Messages messages;
+            new_fault.calls = allocation;
+            const int status = call();
+            if (std::exchange(new_fault.calls, 0) > 0) {
+                EXPECT_EQ(status, 0);
+                return allocation - 1;
+            }
+            EXPECT_EQ(status, -1);
+            check(messages.text());
+        }
     }
 
     // Too long for a text that needs no memory.
@@ -176,6 +191,8 @@ const FaultCase kFaultCases[] = {
     {"gone after the first look",    &fopen_fault,  2, kReading },
     {"no stream for the result",     &fdopen_fault, 1, kWriting },
     {"no right to set permissions",  &fchmod_fault, 1, kWriting },
+    {"the device is full",           &fwrite_fault, 1, kRenaming},
+    {"it becomes full",              &fwrite_fault, 2, kRenaming},
     {"a read fails",                 &ferror_fault, 1, kRenaming},
     {"a read in the middle fails",   &ferror_fault, 2, kRenaming},
     {"the result cannot be closed",  &fclose_fault, 3, kRenaming},
@@ -197,40 +214,15 @@ TEST_F(Faults, AConversionThatFailsChangesNothing)
     }
 }
 
-TEST_F(Faults, AFullDeviceChangesNothing)
-{
-    rlimit kept{};
-    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &kept), 0);
-    const auto kept_handler = std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit small = {100'000, kept.rlim_max};
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
-    Messages messages;
-    const int status = qzfile_dos_to_unix(kName);
-    ::setrlimit(RLIMIT_FSIZE, &kept);
-    std::signal(SIGXFSZ, kept_handler);
-    EXPECT_EQ(status, -1);
-    EXPECT_EQ(messages.text(), kRenaming);
-}
-
 TEST_F(Faults, AConversionWithoutMemoryChangesNothing)
 {
-    for (int call = 1;; ++call) {
-        Messages messages;
-        new_fault.calls = call;
-        const int status = qzfile_dos_to_unix(kName);
-        const bool all_succeeded = new_fault.calls > 0;
-        new_fault.calls = 0;
-        if (all_succeeded) {
-            EXPECT_EQ(status, 0);
-            EXPECT_GT(call, 5);
-            break;
-        }
-        EXPECT_EQ(status, -1) << "allocation " << call;
-        EXPECT_EQ(messages.text(), "FATAL qzfile_dos_to_unix():Failed to allocate memory for path "
-                                   "'a file with a name of some length'.\n");
-        ASSERT_EQ(contents(), kContents) << "allocation " << call;
-    }
-    write_contents();
+    const auto check = [&](const std::string &said) {
+        EXPECT_EQ(said, "FATAL qzfile_dos_to_unix():Failed to allocate memory for path "
+                        "'a file with a name of some length'.\n");
+        EXPECT_TRUE(read(kName) == kContents);
+    };
+    EXPECT_GT(fail_each_allocation([] { return qzfile_dos_to_unix(kName); }, check), 4);
+    write(kName, kContents);
 }
 
 TEST_F(Faults, ARegistrationWithoutMemoryIsSaid)
@@ -245,21 +237,8 @@ TEST_F(Faults, ARegistrationWithoutMemoryIsSaid)
 
 TEST_F(Faults, AnOpenWithoutMemoryLeavesNoStream)
 {
-    int failures = 0;
     FILE *stream = nullptr;
-    for (int call = 1;; ++call) {
-        new_fault.calls = call;
-        const int status = qzfile_open(kName, &stream, "r");
-        const bool all_succeeded = new_fault.calls > 0;
-        new_fault.calls = 0;
-        if (all_succeeded) {
-            EXPECT_EQ(status, 0);
-            break;
-        }
-        EXPECT_EQ(status, -1);
-        EXPECT_EQ(stream, nullptr);
-        ++failures;
-    }
-    EXPECT_GT(failures, 3);
+    const auto check = [&](const std::string &) { EXPECT_EQ(stream, nullptr); };
+    EXPECT_GT(fail_each_allocation([&] { return qzfile_open(kName, &stream, "r"); }, check), 3);
     EXPECT_EQ(qzfile_close(stream), 0);
 }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <set>
 #include <string>
 
@@ -106,7 +107,7 @@ TEST_F(Listing, Handles)
     for (int handle = first; handle <= third + 1; ++handle)
         EXPECT_EQ(qzfile_close_directory(handle), 0);
     char name[8];
-    for (int handle : {first, -1, third + 2}) {
+    for (int handle : {first, -1, third + 2, INT_MAX}) {
         EXPECT_EQ(qzfile_close_directory(handle), -1);
         EXPECT_EQ(qzfile_set_dir_filter(handle, "x"), -1);
         EXPECT_EQ(qzfile_get_next_file(handle, name, 8), -2);

@@ -39,8 +39,13 @@ TEST_F(MakeDirectory, MakesWhatIsMissing)
 TEST_F(MakeDirectory, SaysWhyNotAndKeepsErrno)
 {
     touch("file");
-    const std::string here = root_.string() + "\\";
+    std::string here = root_.string() + "\\";
+    qzfile_path_localize(here.data(), static_cast<int>(here.size()));
     const std::string long_name(300, 'n');
+    std::string deep = here + "d";
+    while (deep.size() < 1500)
+        deep += "\\" + std::string(99, 'd');
+    const std::string drive = "Q:\\a\\b";
 
     const struct {
         const char *why;
@@ -49,9 +54,11 @@ TEST_F(MakeDirectory, SaysWhyNotAndKeepsErrno)
         std::string shown;
         const char *text;
     } cases[] = {
-        {"a file stands in the way", "file/x/y",         ENOTDIR,      "file\\x\\y",        "Not a directory"},
-        {"a name too long",          "new/" + long_name, ENAMETOOLONG, "new\\" + long_name,
-         "File name too long"                                                                                },
+        {"a file stands in the way",   "file/x/y",         ENOTDIR,      here + "file\\x\\y",        "Not a directory"          },
+        {"a name too long",            "new/" + long_name, ENAMETOOLONG, here + "new\\" + long_name,
+         "File name too long"                                                                                                   },
+        {"part of a path is not all",  deep,               ENAMETOOLONG, deep,                       "File name too long"       },
+        {"a drive names nothing here", drive,              ENOENT,       drive,                      "No such file or directory"},
     };
 
     for (const auto &c : cases) {
@@ -60,32 +67,11 @@ TEST_F(MakeDirectory, SaysWhyNotAndKeepsErrno)
         errno = 0;
         EXPECT_EQ(qzfile_mkdir(c.path.c_str(), 0755), -1);
         EXPECT_EQ(errno, c.reason);
-        std::string shown = here + c.shown;
-        for (char &letter : shown)
-            letter = letter == '/' ? '\\' : letter;
-        EXPECT_EQ(messages.text(), "WARNING qzfile_mkdir: qzfile_mkdir_recursive failed: " + shown +
-                                       " : " + c.text + "\n");
+        const std::string said = "WARNING qzfile_mkdir: qzfile_mkdir_recursive failed: " + c.shown +
+                                 " : " + c.text + "\n";
+        EXPECT_EQ(messages.text(), said.substr(0, 8 + 1023)) << "a long message is cut";
     }
     Messages messages;
     EXPECT_EQ(qzfile_mkdir(nullptr, 0), -1);
     EXPECT_EQ(messages.text(), "WARNING qzfile_mkdir: Null path\n");
-}
-
-TEST_F(MakeDirectory, GoesDownToTheLimit)
-{
-    std::string path = root_.string();
-    while (path.size() < 1500)
-        path += "\\" + std::string(99, 'd');
-    Messages messages;
-    EXPECT_EQ(qzfile_mkdir(path.c_str(), 0755), -1) << "a part of it is not all of it";
-    EXPECT_EQ(errno, ENAMETOOLONG);
-    EXPECT_NE(messages.text(), "");
-}
-
-TEST_F(MakeDirectory, ADriveThatIsNotThereIsNotLookedForHere)
-{
-    Messages messages;
-    EXPECT_EQ(qzfile_mkdir("Q:\\a\\b", 0755), -1);
-    EXPECT_EQ(errno, ENOENT);
-    EXPECT_TRUE(std::filesystem::is_empty(root_));
 }

@@ -9,6 +9,7 @@
 
 using scene::Messages;
 using scene::taken;
+using scene::thrown;
 
 namespace {
 
@@ -21,17 +22,6 @@ protected:
         for (const char *name : {"plindra-v71131", "atelio-v2025.3", "korvel", "korvel-v1.2.3",
                                  "korvel-v12x", "xkorvel-v1", "brevix-vnext", "sample_data-v5"})
             std::filesystem::create_directory(root_ / name);
-    }
-
-    /// The text that a call throws; "" when it throws nothing.
-    template <typename Error, typename Call> static std::string thrown(Call call)
-    {
-        try {
-            call();
-        } catch (const Error &error) {
-            return error.what();
-        }
-        return "";
     }
 };
 

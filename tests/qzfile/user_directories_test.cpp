@@ -12,6 +12,7 @@
 
 using scene::Messages;
 using scene::taken;
+using scene::thrown;
 
 namespace {
 
@@ -24,6 +25,8 @@ protected:
         return taken(out);
     }
 };
+
+constexpr char kNoDirectory[] = "Failure from method getting path";
 
 } // namespace
 
@@ -71,7 +74,9 @@ TEST_F(UserDirectories, FollowTheDesktop)
         EXPECT_EQ(std::filesystem::is_directory(native), c.is_made || are_told);
     }
     for (int value : {0, 9, -1})
-        EXPECT_THROW(qzfile_get_directory_path(DirectoryName(value)), std::runtime_error);
+        EXPECT_EQ(
+            thrown<std::runtime_error>([&] { qzfile_get_directory_path(DirectoryName(value)); }),
+            kNoDirectory);
 }
 
 TEST_F(UserDirectories, VariablesReplaceThem)
@@ -109,7 +114,8 @@ TEST_F(UserDirectories, ThatCannotBeMade)
     EXPECT_EQ(call(qzfile_halcyra_appdata_dir, -1), "(null)");
     EXPECT_EQ(call(qzfile_get_halcyra_temp, -1), "(null)");
     EXPECT_NE(messages.text().find("qzfile_mkdir_recursive failed: "), std::string::npos);
-    EXPECT_THROW(qzfile_get_directory_path(DirectoryName::Temp), std::runtime_error);
+    EXPECT_EQ(thrown<std::runtime_error>([] { qzfile_get_directory_path(DirectoryName::Temp); }),
+              kNoDirectory);
     unset("HALCYRA_TMPDIR");
     EXPECT_EQ(call(qzfile_get_halcyra_temp, -1), "(null)");
     EXPECT_NE(messages.text().find(
@@ -129,12 +135,8 @@ TEST_F(UserDirectories, AReleaseDirectoryThatCannotBeMadeIsOnlyMissing)
     Messages messages;
     EXPECT_EQ(call(qzfile_get_appdata_release_dir, 0), "(null)");
     EXPECT_NE(messages.text().find("qzfile_mkdir_recursive failed: "), std::string::npos);
-    try {
-        qzfile_get_appdata_release_dir_path();
-        ADD_FAILURE() << "the string form has no other way to tell";
-    } catch (const std::runtime_error &error) {
-        EXPECT_STREQ(error.what(), "Failure getting the appdata/release directory");
-    }
+    EXPECT_EQ(thrown<std::runtime_error>(qzfile_get_appdata_release_dir_path),
+              "Failure getting the appdata/release directory");
 }
 
 TEST_F(UserDirectories, WithoutAHome)
@@ -179,8 +181,8 @@ TEST_F(UserDirectories, FilesWithSuffix)
 {
     for (const char *name : {"d/a.txt", "d/b.TXT", "d/.txt", "d/c.txt.bak", "d/sub.txt/x.txt"})
         touch(name);
-    std::filesystem::create_symlink("a.txt", root_ / "d/link.txt");
-    std::filesystem::create_symlink("nowhere", root_ / "d/dangling.txt");
+    link("d/a.txt", "d/link.txt");
+    link("nowhere", "d/dangling.txt");
     std::set<std::string> names;
     for (const auto &path : halcyra::path::get_all_files_with_suffix("d", ".txt")) {
         EXPECT_EQ(path.parent_path(), boost::filesystem::path("d"));
@@ -188,15 +190,14 @@ TEST_F(UserDirectories, FilesWithSuffix)
     }
     EXPECT_EQ(names, (std::set<std::string>{"a.txt", ".txt", "link.txt"}));
     EXPECT_EQ(halcyra::path::get_all_files_with_suffix("d", "").size(), 5u);
-    std::filesystem::create_symlink("loop.txt", root_ / "d/loop.txt");
+    link("d/loop.txt", "d/loop.txt");
     for (const auto &[directory, step] :
          {std::pair("missing", "directory_iterator::directory_iterator"),
           std::pair("d", "status")}) {
-        try {
-            halcyra::path::get_all_files_with_suffix(directory, ".txt");
-            ADD_FAILURE() << directory;
-        } catch (const boost::filesystem::filesystem_error &error) {
-            EXPECT_EQ(std::string(error.what()).rfind(step, 0), 0u) << error.what();
-        }
+        const auto list = [&, where = directory] {
+            halcyra::path::get_all_files_with_suffix(where, ".txt");
+        };
+        const std::string said = thrown<boost::filesystem::filesystem_error>(list);
+        EXPECT_EQ(said.rfind(step, 0), 0u) << said;
     }
 }
