@@ -64,14 +64,16 @@ struct PairCase {
     std::string text;
 };
 
+const std::string kFourZeros(4, '\0');
+
 const PairCase kPairs[] = {
-    {"nothing",                  "",            ""                                       },
-    {"one byte",                 "f",           "Zg=="                                   },
-    {"two bytes",                "fo",          "Zm8="                                   },
-    {"a full group",             "foo",         "Zm9v"                                   },
-    {"a group and one byte",     "foob",        "Zm9vYg=="                               },
-    {"zeros, which end no text", std::string(4, '\0'),                                     "AAAAAA=="},
-    {"the last characters of the alphabet",                          "\xFF\xEF\xBE\xFF",   "/+++/w=="},
+    {"nothing",                             "",                 ""        },
+    {"one byte",                            "f",                "Zg=="    },
+    {"two bytes",                           "fo",               "Zm8="    },
+    {"a full group",                        "foo",              "Zm9v"    },
+    {"a group and one byte",                "foob",             "Zm9vYg=="},
+    {"zeros, which end no text",            kFourZeros,         "AAAAAA=="},
+    {"the last characters of the alphabet", "\xFF\xEF\xBE\xFF", "/+++/w=="},
 };
 
 TEST(Base64, KnownPairs)
@@ -98,22 +100,24 @@ struct BadCase {
     std::string text;
 };
 
+const std::string kEndsInNul("Zm9\0", 4);
+
 const BadCase kBadTexts[] = {
-    {"three characters",                        "Zm9"              },
-    {"five characters",                         "Zm9vY"            },
-    {"a blank",                                 "Zm 9v"            },
-    {"a blank in a text of the right length",   "Zm 9"             },
-    {"a line break",                            "Zm9v\nZm9"        },
-    {"the hyphen of another alphabet",          "Zm-v"             },
-    {"the underscore of another alphabet",      "Zm_v"             },
-    {"padding alone",                           "===="             },
-    {"three of padding",                        "Z==="             },
-    {"padding before the last two positions",   "Z=9v"             },
-    {"padding before a character",              "Zm=v"             },
-    {"padding in a group that is not the last", "Zg==Zm9v"         },
-    {"a bad character beside padding",          "Z!=="             },
-    {"NUL",                                     std::string("Zm9\0", 4)},
-    {"a byte above 127",                                         "Zm9\xE9"                                          },
+    {"three characters",                        "Zm9"      },
+    {"five characters",                         "Zm9vY"    },
+    {"a blank",                                 "Zm 9v"    },
+    {"a blank in a text of the right length",   "Zm 9"     },
+    {"a line break",                            "Zm9v\nZm9"},
+    {"the hyphen of another alphabet",          "Zm-v"     },
+    {"the underscore of another alphabet",      "Zm_v"     },
+    {"padding alone",                           "===="     },
+    {"three of padding",                        "Z==="     },
+    {"padding before the last two positions",   "Z=9v"     },
+    {"padding before a character",              "Zm=v"     },
+    {"padding in a group that is not the last", "Zg==Zm9v" },
+    {"a bad character beside padding",          "Z!=="     },
+    {"NUL",                                     kEndsInNul },
+    {"a byte above 127",                        "Zm9\xE9"  },
 };
 
 TEST(Base64, BadTexts)

@@ -24,19 +24,21 @@ TEST(Deprecation, WarnsOncePerCallSite)
 {
     static const char file[] = "mesh.c";
     static const char same_name[] = "mesh.c";
+    const std::pair<const char *, int> sites[] = {
+        {file,      7},
+        {file,      8},
+        {same_name, 7}
+    };
+    const auto warn_everywhere = [&] {
+        for (const auto &[name, line] : sites)
+            EXPECT_EQ(qzlog_deprecation_warning(name, line, "load", "use %s, %d\n", "open", 2), 1);
+    };
     expect_warnings("WARNING DEPRECATION for load (mesh.c:7): use open, 2\n"
                     "WARNING DEPRECATION for load (mesh.c:8): use open, 2\n"
                     "WARNING DEPRECATION for load (mesh.c:7): use open, 2\n",
-                    [] {
-                        for (int i = 0; i < 2; ++i) {
-                            for (const auto &site : {
-                                     std::pair(file, 7), {file,      8},
-                                       {same_name, 7}
-                            })
-                                EXPECT_EQ(qzlog_deprecation_warning(site.first, site.second, "load",
-                                                                    "use %s, %d\n", "open", 2),
-                                          1);
-                        }
+                    [&] {
+                        warn_everywhere();
+                        warn_everywhere();
                     });
 }
 

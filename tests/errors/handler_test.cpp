@@ -101,16 +101,18 @@ TEST(Handlers, TheDefaultHandlersStayAndWriteToStandardError)
 
 TEST(Handlers, Prefix)
 {
+    const std::string longest(511, 'p');
+
     const struct {
         const char *why;
         std::string prefix;
         int result;
         std::string printed;
     } cases[] = {
-        {"stands directly in front", "app: ",         1,    "app: "                    },
-        {"the longest",              std::string(511, 'p'), 1,                           std::string(511, 'p')},
-        {"too long: the old one goes too",                      std::string(512,                                     'p'),          0, ""},
-        {"empty",                         "",                                      1,                                 ""                                                     },
+        {"stands directly in front",       "app: ",       1, "app: "},
+        {"the longest",                    longest,       1, longest},
+        {"too long: the old one goes too", longest + "p", 0, ""     },
+        {"empty",                          "",            1, ""     },
     };
 
     for (const auto &c : cases) {
