@@ -142,8 +142,9 @@ public:
      * is announced by the code and never handed back; get() reads it.
      *
      * @param[out] out  The value or @p fallback.
-     * @return QZPREF_SUCCESS_; QZPREF_CONVERSION_ERROR when the user's file holds no value of the
-     *         type; QZPREF_LOWER_LAYER when only a lower layer has one; QZPREF_KEY_NOT_FOUND.
+     * @return QZPREF_SUCCESS_; QZPREF_CONVERSION_ERROR when the user's file has the key, but no
+     *         value of the type; QZPREF_LOWER_LAYER when it does not and the layer that answers has
+     *         a value of the type; else QZPREF_KEY_NOT_FOUND.
      */
     QZpref_Err getInt(const std::string &key, int *out, int fallback);
     QZpref_Err getDouble(const std::string &key, double *out,

@@ -9,8 +9,9 @@
 
 namespace qz::pref {
 
-/// Writes keys, given in ascending order, as the text of a preference file: byte for byte what the
-/// settings system's own XML writer makes of them, at a fraction of its cost.
+/// Writes keys, given in ascending order, as the text of a preference file: byte for byte what Qt's
+/// XML writer makes of them, at a fraction of its cost. Carriage returns and hyphens in a comment,
+/// which that one writes so that they are not read again, are the exception.
 ///
 /// Names must be element names and texts must be XML 1.0 characters in UTF-8; whoever sets a key
 /// has made sure of it.
