@@ -1,5 +1,6 @@
 #include "qzfile/scene.h"
 
+#include <QByteArray>
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -13,12 +14,7 @@ using Digest = unsigned char[16];
 
 std::string hex(const Digest &digest)
 {
-    std::string text;
-    for (const unsigned byte : digest) {
-        text += "0123456789abcdef"[byte >> 4];
-        text += "0123456789abcdef"[byte & 15];
-    }
-    return text;
+    return QByteArray(reinterpret_cast<const char *>(digest), sizeof digest).toHex().toStdString();
 }
 
 constexpr char kNoDigest[] = "00000000000000000000000000000000";

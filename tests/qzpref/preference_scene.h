@@ -6,8 +6,6 @@
 
 #include <QString>
 
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -57,19 +55,6 @@ protected:
                           const std::string &name = "Dovrel.xml") const
     {
         return text("sandbox/Halcyra/" + release + "/" + name);
-    }
-
-    static void write(const std::string &file, const std::string &bytes)
-    {
-        std::filesystem::create_directories(std::filesystem::path(file).parent_path());
-        std::ofstream(file, std::ios::binary) << bytes;
-    }
-
-    static std::string read(const std::string &file)
-    {
-        std::ostringstream bytes;
-        bytes << std::ifstream(file, std::ios::binary).rdbuf();
-        return bytes.str();
     }
 
     /// The elements of a preference file inside its root.

@@ -23,18 +23,6 @@ protected:
         write("plindra-v2025.3/file", "");
     }
 
-    void write(const std::string &name, const std::string &bytes)
-    {
-        touch(name);
-        std::ofstream(text(name), std::ios::binary) << bytes;
-    }
-
-    std::string read(const std::string &name) const
-    {
-        std::ifstream file(text(name), std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-
     /// The case with this scene's directory instead of each "@" in its output.
     void expect_here(const Case &c) const
     {
