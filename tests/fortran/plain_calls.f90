@@ -36,6 +36,7 @@ program plain_calls
     end interface
 
     call errors
+    call lost_records
     call tokens
     call files
 
@@ -90,6 +91,27 @@ contains
         read (unit, '(a)', iostat=ios) line
         call require(ios /= 0, 'no further record')
         close (unit, status='delete')
+    end subroutine
+
+    ! A record that its unit does not take is lost, and so is one for a negative unit.
+    subroutine lost_records
+        character(len=80) :: message = 'lost' // nul
+        integer :: id, status, units(2), written, i
+
+        call qzerrf_new(id, status)
+        units(1) = 20
+        open (20, file='plain_calls.raw', status='replace', form='unformatted')
+        open (newunit=units(2), file='plain_calls.log', status='replace')
+        do i = 1, 2
+            call qzerrf_file(id, units(i), status)
+            call qzerrf_throw(id, 5, message, status)
+            call require(status == 1, 'throw on a unit that takes nothing')
+            flush (units(i))
+            inquire (units(i), size=written)
+            call require(written == 0, 'nothing written')
+            close (units(i), status='delete')
+        end do
+        call qzerrf_delete(id)
     end subroutine
 
     subroutine tokens
