@@ -1,33 +1,22 @@
 // Calls that fail when they are told to. The linker puts the functions below in the place of the
 // runtime's for the library's objects and for the test.
 
-#include "qzfile/scene.h"
+#include "qzfile/fault_scene.h"
 
 #include <gtest/gtest.h>
 
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
-#include <new>
 #include <string>
-#include <utility>
 
-#include <fcntl.h>
-#include <unistd.h>
-
+using scene::Countdown;
+using scene::Faults;
 using scene::Messages;
 
 namespace {
 
-/// The call that fails, counted down: 1 is the next one, 0 none.
-struct Countdown {
-    int calls = 0;
-
-    bool is_over() { return calls > 0 && --calls == 0; }
-};
-
 Countdown fopen_fault, fdopen_fault, fchmod_fault, fwrite_fault, ferror_fault, fclose_fault,
-    rename_fault, new_fault;
+    rename_fault;
 
 } // namespace
 
@@ -85,92 +74,7 @@ int __wrap_rename(const char *from, const char *to)
 }
 }
 
-// Every form is replaced: a sanitizer brings forms of its own for those that are not.
-void *operator new(std::size_t size)
-{
-    void *memory = new_fault.is_over() ? nullptr : std::malloc(size != 0 ? size : 1);
-    if (memory == nullptr)
-        throw std::bad_alloc();
-    return memory;
-}
-
-void *operator new[](std::size_t size)
-{
-    return operator new(size);
-}
-
-void operator delete(void *memory) noexcept
-{
-    std::free(memory);
-}
-
-void operator delete(void *memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
-
-void operator delete[](void *memory) noexcept
-{
-    std::free(memory);
-}
-
-void operator delete[](void *memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
-
 namespace {
-
-/// The number that the next file gets: it grows when a stream is left open.
-int next_descriptor()
-{
-    const int fd = ::open("/dev/null", O_RDONLY);
-    ::close(fd);
-    return fd;
-}
-
-const std::string kContents = "first\r\n" + std::string(300'000, 'x') + "\r\nlast";
-
-class Faults : public scene::Scene {
-protected:
-    Faults()
-    {
-        qzfile_path_set(".");
-        write(kName, kContents);
-        descriptor_ = next_descriptor();
-    }
-
-    ~Faults() override
-    {
-        EXPECT_EQ(read(kName), kContents);
-        EXPECT_FALSE(is_there(std::string(kName) + ".tmp"));
-        EXPECT_EQ(next_descriptor(), descriptor_);
-    }
-
-    /// Makes a call without its first allocation, without its second and so on until it succeeds.
-    /// @return how many there are.
-    template <typename Call, typename Check> static int fail_each_allocation(Call call, Check check)
-    {
-        for (int allocation = 1;; ++allocation) {
-            SCOPED_TRACE(allocation);
-            Messages messages;
-            new_fault.calls = allocation;
-            const int status = call();
-            if (std::exchange(new_fault.calls, 0) > 0) {
-                EXPECT_EQ(status, 0);
-                return allocation - 1;
-            }
-            EXPECT_EQ(status, -1);
-            check(messages.text());
-        }
-    }
-
-    // Too long for a text that needs no memory.
-    static constexpr char kName[] = "a file with a name of some length";
-
-private:
-    int descriptor_ = 0;
-};
 
 constexpr char kReading[] = "FATAL qzfile_dos_to_unix():Failed to open 'a file with a name of some "
                             "length' for reading.\n";
@@ -212,33 +116,4 @@ TEST_F(Faults, AConversionThatFailsChangesNothing)
         EXPECT_EQ(messages.text(), c.message);
         EXPECT_FALSE(is_there(std::string(kName) + ".tmp"));
     }
-}
-
-TEST_F(Faults, AConversionWithoutMemoryChangesNothing)
-{
-    const auto check = [&](const std::string &said) {
-        EXPECT_EQ(said, "FATAL qzfile_dos_to_unix():Failed to allocate memory for path "
-                        "'a file with a name of some length'.\n");
-        EXPECT_TRUE(read(kName) == kContents);
-    };
-    EXPECT_GT(fail_each_allocation([] { return qzfile_dos_to_unix(kName); }, check), 4);
-    write(kName, kContents);
-}
-
-TEST_F(Faults, ARegistrationWithoutMemoryIsSaid)
-{
-    Messages messages;
-    new_fault.calls = 1;
-    EXPECT_EQ(qzfile_dos_to_unix_register(kName), -1);
-    EXPECT_EQ(messages.text(), "FATAL qzfile_dos_to_unix_register():Failed to allocate memory for "
-                               "path 'a file with a name of some length'.\n");
-    EXPECT_EQ(qzfile_dos_to_unix_convert(), 0) << "nothing was registered";
-}
-
-TEST_F(Faults, AnOpenWithoutMemoryLeavesNoStream)
-{
-    FILE *stream = nullptr;
-    const auto check = [&](const std::string &) { EXPECT_EQ(stream, nullptr); };
-    EXPECT_GT(fail_each_allocation([&] { return qzfile_open(kName, &stream, "r"); }, check), 3);
-    EXPECT_EQ(qzfile_close(stream), 0);
 }
