@@ -1,10 +1,14 @@
+#include "account.h"
 #include "qzcommon.h"
 #include "qzerr.h"
+#include "qzfile.h"
 
 #include <QByteArray>
 #include <boost/filesystem.hpp>
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <cstring>
 #include <string>
 
 namespace {
@@ -67,16 +71,29 @@ TEST_F(Installation, NoRoot)
     EXPECT_FALSE(_product_exists("plindra"));
 }
 
+/// With the user data directory of the account, which is in the fresh one where a variable says so.
 class WebAccess : public Installation {
 protected:
     void SetUp() override
     {
+        if (!qz::test::may_write_to_profile())
+            GTEST_SKIP() << qz::test::kForeignProfile;
         EXPECT_EQ(qzcommon_web_access_allowed(), 0) << "a fresh profile";
-        if (!fs::is_directory(marker_.parent_path()))
-            GTEST_SKIP() << "the profile of this system does not move with the environment";
+        char *directory = nullptr;
+        ASSERT_EQ(qzfile_halcyra_userdata_dir(&directory), 0);
+        qzfile_path_to_unix(directory, static_cast<int>(std::strlen(directory)));
+        marker_ = fs::path(directory) / ".Tarvex_web_access_file";
+        std::free(directory);
+        ASSERT_TRUE(fs::is_directory(marker_.parent_path()));
     }
 
-    fs::path marker_ = root_ / "Halcyra" / ".Tarvex_web_access_file";
+    void TearDown() override
+    {
+        if (!marker_.empty())
+            fs::remove_all(marker_.parent_path());
+    }
+
+    fs::path marker_;
 };
 
 TEST_F(WebAccess, AnyEntryGrantsIt)
