@@ -198,7 +198,7 @@ std::vector<std::uint32_t> Reader::order() const
 {
     std::vector<std::uint32_t> ways_in(drafts_.size(), 0);
     std::vector<std::uint32_t> result;
-    const auto for_each_exit = [this](const Draft &draft, auto &&visit) {
+    const auto for_each_exit = [](const Draft &draft, auto &&visit) {
         if (draft.op != Op::kMatch && draft.op != Op::kLiteral && draft.op != Op::kSet)
             visit(draft.next);
         if (draft.op == Op::kSplit)
