@@ -1,10 +1,10 @@
 #include "qzfile/qzpref/fallback_layers.h"
 
+#include "qzfile/qzpref/error_text.h"
 #include "qzfile/qzpref/preference_file.h"
 #include "qzpref.hpp"
 
 #include <QDebug>
-#include <QFileInfo>
 
 namespace qz::pref {
 
@@ -87,23 +87,6 @@ const FallbackLayers &CurrentLayers::get()
     layers_ = library().layers;
     generation_ = library().generation.load(std::memory_order_relaxed);
     return layers_;
-}
-
-const char *error_text(QZpref_Err code)
-{
-    switch (code) {
-    case QZPREF_ACCESS_ERROR:
-        return "Access error in using settings file. This might be due to permissions or a full "
-               "disk.";
-    case QZPREF_FORMAT_ERROR:
-        return "Format error in using settings file. This might not be in proper .xml format.";
-    case QZPREF_UNKNOWN_PRODUCT:
-        return "The product is not recognized by the library.";
-    case QZPREF_LOCK_ERROR:
-        return "Failure to set lock on given settings file.";
-    default:
-        return "";
-    }
 }
 
 } // namespace qz::pref

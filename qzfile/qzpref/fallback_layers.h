@@ -41,9 +41,6 @@ private:
     std::uint64_t generation_ = 0;
 };
 
-/// Status text of a store code; empty for most.
-const char *error_text(QZpref_Err code);
-
 } // namespace qz::pref
 
 #endif

@@ -1,7 +1,46 @@
+#include "qzerr.h"
+#include "qzfile.hpp"
 #include "qzfile/qzpref/store_session.h"
 #include "qzpref.hpp"
 
 using namespace qz::pref;
+
+namespace {
+
+/// Keeps error handler -1 from printing for a scope.
+class QuietHandler {
+public:
+    QuietHandler()
+    {
+        qzerr_print_state(kHandler, &was_printing_);
+        qzerr_suppress_print(kHandler);
+    }
+
+    QuietHandler(const QuietHandler &) = delete;
+    QuietHandler &operator=(const QuietHandler &) = delete;
+
+    ~QuietHandler()
+    {
+        if (was_printing_)
+            qzerr_restore_print(kHandler);
+    }
+
+private:
+    static constexpr int kHandler = -1;
+    int was_printing_ = 1;
+};
+
+} // namespace
+
+void QZPREF::migrate_preferences()
+{
+    const QuietHandler quiet;
+    for (const std::string &release : qzfile_get_past_release_names()) {
+        loadFromRelease(release);
+        if (!settings_->file->empty())
+            return;
+    }
+}
 
 void QZPREF::loadFromRelease(const std::string &release)
 {
@@ -13,31 +52,4 @@ void QZPREF::loadFromRelease(const std::string &release)
     old.for_each_below("", [this](const Document::Entry &entry) {
         settings_->file->adopt(entry.key, entry.record);
     });
-}
-
-QZPrefSource QZPREF::getKeySource(const char *key)
-{
-    if (!settings_ || !key)
-        return QZPrefSource_NotFound;
-    const std::string full_key = settings_->groups.full_key(key);
-    const FallbackLayers &fallbacks = settings_->layers.get();
-    return settings_->file->read([&](const Document &user) {
-        return static_cast<QZPrefSource>(
-            answering_record(variants_in_layers(user, fallbacks, full_key)).layer);
-    });
-}
-
-std::string qzpref_source_to_string(QZPrefSource source)
-{
-    switch (source) {
-    case QZPrefSource_User:
-        return "user";
-    case QZPrefSource_Machine:
-        return "machine";
-    case QZPrefSource_Installation:
-        return "installation";
-    case QZPrefSource_NotFound:
-        return "not found";
-    }
-    return "unknown";
 }

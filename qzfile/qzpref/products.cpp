@@ -1,7 +1,7 @@
 #include "qzfile/qzpref/products.h"
 
 #include "qzfile.hpp"
-#include "qzfile/qzpref/fallback_layers.h"
+#include "qzfile/qzpref/error_text.h"
 
 #include <QString>
 

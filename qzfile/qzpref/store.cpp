@@ -1,6 +1,6 @@
 #include "platform/native_path.h"
-#include "qzerr.hpp"
 #include "qzfile.hpp"
+#include "qzfile/qzpref/error_text.h"
 #include "qzfile/qzpref/file_lock.h"
 #include "qzfile/qzpref/key_validation.h"
 #include "qzfile/qzpref/products.h"
@@ -8,7 +8,6 @@
 #include "qzpref.hpp"
 
 #include <QDebug>
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <boost/filesystem/operations.hpp>
@@ -27,29 +26,6 @@ QString absolute(const QString &path)
         qz::platform::native_path(QFile::encodeName(path).toStdString()).empty();
     return names_nothing ? path : QFileInfo(path).absoluteFilePath();
 }
-
-/// Keeps error handler -1 from printing for a scope.
-class QuietHandler {
-public:
-    QuietHandler()
-    {
-        qzerr_print_state(kHandler, &was_printing_);
-        qzerr_suppress_print(kHandler);
-    }
-
-    QuietHandler(const QuietHandler &) = delete;
-    QuietHandler &operator=(const QuietHandler &) = delete;
-
-    ~QuietHandler()
-    {
-        if (was_printing_)
-            qzerr_restore_print(kHandler);
-    }
-
-private:
-    static constexpr int kHandler = -1;
-    int was_printing_ = 1;
-};
 
 } // namespace
 
@@ -117,16 +93,6 @@ QZpref_Err QZPREF::initialize_handle(bool migrate)
     qWarning().noquote().nospace() << "QZPREF::initialize_handle: Loading setting(" << path
                                    << ") failed. " << error_text(status);
     return status == QZPREF_FORMAT_ERROR ? discard_corrupt_file() : status;
-}
-
-void QZPREF::migrate_preferences()
-{
-    const QuietHandler quiet;
-    for (const std::string &release : qzfile_get_past_release_names()) {
-        loadFromRelease(release);
-        if (!settings_->file->empty())
-            return;
-    }
 }
 
 QZpref_Err QZPREF::create_empty_preference_file()

@@ -1,6 +1,6 @@
 #include "qzfile.hpp"
 #include "qzfile/qzpref/document.h"
-#include "qzfile/qzpref/fallback_layers.h"
+#include "qzfile/qzpref/error_text.h"
 #include "qzfile/qzpref/key_validation.h"
 #include "qzfile/qzpref/locations.h"
 #include "qzfile/qzpref/preference_file.h"
