@@ -52,6 +52,7 @@ TEST_F(ProductDirectories, FindsTheOneWithAVersion)
 
     for (const auto &c : cases) {
         SCOPED_TRACE(c.why);
+        Messages of_the_pattern;
         char *directory = nullptr;
         EXPECT_EQ(qzfile_find_product_dir(c.product, &directory), c.result);
         EXPECT_EQ(taken(directory), c.directory);
