@@ -26,8 +26,8 @@ namespace {
 /// What is read at a time. It stays in the processor's cache between reading and writing.
 constexpr std::size_t kBlockBytes = std::size_t{256} << 10;
 
-/// Creates a file like another. One that has the name, left behind by a conversion that was killed,
-/// or a link goes first: what a link leads to is not written to.
+/// Creates a file like another. What has its name goes first: the leftover of a conversion that was
+/// killed, or a link, which is not written through.
 std::FILE *create_anew(const std::string &native_path, const std::string &native_model)
 {
     std::FILE *stream = qz::platform::create_file_like(native_path, native_model);
