@@ -85,7 +85,8 @@ typedef enum QZPREF_PRODUCTS {
  * handed in are copied.
  *
  * Handles may be made, used and deleted in any thread, one handle in one thread at a time: its
- * groups and its platform are part of it.
+ * groups and its platform are part of it. One that was made in a thread with a running event loop
+ * is deleted in that thread.
  * @{
  */
 

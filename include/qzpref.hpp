@@ -61,7 +61,8 @@ struct StoreSession;
  * file see each other's changes at once. Copies share one store: groups and changes of one are
  * those of all, and each counts as a store of its own.
  *
- * Any thread may make, use and destroy stores; one store and its copies in one thread at a time.
+ * Any thread may make, use and destroy stores; one store and its copies in one thread at a time. A
+ * store that was made in a thread with a running event loop is destroyed in that thread.
  */
 class QZ_API QZPREF {
 public:
