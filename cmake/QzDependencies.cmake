@@ -16,3 +16,12 @@ if(NOT WIN32)
     endif()
     find_path(QZ_PYTHON_INCLUDE_DIR Python.h HINTS ${QZ_PYTHON_INCLUDE_DIRS} REQUIRED)
 endif()
+
+# Libraries that are loaded when they are needed, by name, and are not linked.
+if(NOT WIN32)
+    execute_process(COMMAND "${CMAKE_Fortran_COMPILER}" -print-file-name=libgfortran.so
+                    OUTPUT_VARIABLE libgfortran OUTPUT_STRIP_TRAILING_WHITESPACE)
+    include(QzSoname)
+    qz_soname(QZ_LIBGFORTRAN_SONAME "${libgfortran}")
+    qz_soname(QZ_LIBXML2_SONAME "${LIBXML2_LIBRARY}")
+endif()

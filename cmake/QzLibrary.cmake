@@ -8,8 +8,11 @@ foreach(module IN LISTS QZ_MODULES)
 endforeach()
 
 set(QZ_LINK_PUBLIC Qt6::Core Boost::filesystem)
-set(QZ_LINK_PRIVATE LibXml2::LibXml2 ${QZ_DIGEST_LIBRARIES} ${QZ_ABSEIL_LIBRARIES}
-                    absl::flat_hash_set Threads::Threads ${CMAKE_DL_LIBS})
+set(QZ_LINK_PRIVATE ${QZ_DIGEST_LIBRARIES} ${QZ_ABSEIL_LIBRARIES} absl::flat_hash_set
+                    Threads::Threads ${CMAKE_DL_LIBS})
+if(WIN32)
+    list(APPEND QZ_LINK_PRIVATE LibXml2::LibXml2) # elsewhere loaded when it is needed
+endif()
 
 add_library(qzfileshared SHARED ${qz_objects})
 add_library(qzfileshared::qzfileshared ALIAS qzfileshared)
@@ -22,8 +25,9 @@ if(WIN32)
 else()
     set(qz_symbols "${PROJECT_SOURCE_DIR}/cmake/qzfileshared.map")
     # Calls from one exported function to another need not ask who else exports that name.
+    # The compiler's own list of libraries has the Fortran run-time, which is loaded when needed.
     target_link_options(qzfileshared PRIVATE
-        "-Wl,--version-script=${qz_symbols}" -Wl,-Bsymbolic-functions)
+        "-Wl,--version-script=${qz_symbols}" -Wl,-Bsymbolic-functions -Wl,--as-needed)
     set_target_properties(qzfileshared PROPERTIES LINK_DEPENDS "${qz_symbols}")
 endif()
 target_link_libraries(qzfileshared PUBLIC qz_headers ${QZ_LINK_PUBLIC} PRIVATE ${QZ_LINK_PRIVATE})

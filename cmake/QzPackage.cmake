@@ -15,6 +15,16 @@ set(same_library "libqzfileshared (= ${PROJECT_VERSION})")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME libqzfileshared)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SHLIBDEPS ON)
+# What is loaded by name is not found in the link.
+set(loaded_packages)
+foreach(soname IN ITEMS ${QZ_LIBGFORTRAN_SONAME} ${QZ_LIBXML2_SONAME})
+    execute_process(COMMAND dpkg-query --search "*/${soname}" OUTPUT_VARIABLE owner
+                    RESULT_VARIABLE failed ERROR_QUIET)
+    if(NOT failed AND owner MATCHES "^([^:,]+)")
+        list(APPEND loaded_packages ${CMAKE_MATCH_1})
+    endif()
+endforeach()
+list(JOIN loaded_packages ", " CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS)
 
 # The Python package needs no compiler and goes with the headers all the same: who writes programs
 # on the library installs one package.
