@@ -1,0 +1,1 @@
+qz_bench(fortran_bench SOURCES fortran_bench.cpp)
