@@ -63,6 +63,18 @@ inline int leading_zeros(std::uint64_t value)
 #endif
 }
 
+/// The zeros behind the last bit of @p value that is set; there is one.
+inline int trailing_zeros(std::uint64_t value)
+{
+#if defined(__GNUC__)
+    return __builtin_ctzll(value);
+#else
+    unsigned long place;
+    _BitScanForward64(&place, value);
+    return static_cast<int>(place);
+#endif
+}
+
 #if defined(__GNUC__)
 /// Sixteen bytes that are compared, joined and read by place; equal ones compare as -1.
 using ByteBlock = signed char __attribute__((vector_size(16)));

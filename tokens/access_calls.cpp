@@ -60,7 +60,7 @@ template <typename Value> void store(Value *out, Value value)
 
 int qz_number_type(const char *text)
 {
-    return text != nullptr ? static_cast<int>(parse_number(text).type) : 0;
+    return text != nullptr ? static_cast<int>(number_type(text)) : 0;
 }
 
 int qztoken_find_type(int handle, int index)

@@ -1,9 +1,13 @@
 #include "tokens/number.h"
 
+#include "tokens/digits.h"
 #include "tokens/real_number.h"
 
 #include <cstdint>
+#include <cstring>
 #include <limits>
+#include <memory>
+#include <new>
 
 namespace qz::tokens {
 namespace {
@@ -53,13 +57,30 @@ template <bool minus> Number parse_signed(const char *text)
 
 // A branch for each sign and no arithmetic on the address: the processor goes ahead on a branch,
 // and would wait for the address.
-Number parse_number(const char *text)
+Number parse_number(const char *padded_text)
 {
-    if (*text == '+')
-        return parse_behind_plus(text + 1);
-    if (*text == '-')
-        return parse_signed<true>(text);
-    return parse_signed<false>(text);
+    if (*padded_text == '+')
+        return parse_behind_plus(padded_text + 1);
+    if (*padded_text == '-')
+        return parse_signed<true>(padded_text);
+    return parse_signed<false>(padded_text);
+}
+
+NumberType number_type(const char *text)
+{
+    char usual[64];
+    std::unique_ptr<char[]> longer;
+    char *padded = usual;
+    const std::size_t length = std::strlen(text);
+    if (length + kPaddingSize > sizeof usual) {
+        longer.reset(new (std::nothrow) char[length + kPaddingSize]);
+        padded = longer.get();
+        if (padded == nullptr)
+            return NumberType::None;
+    }
+    std::memcpy(padded, text, length);
+    std::memset(padded + length, '\0', kPaddingSize);
+    return parse_number(padded).type;
 }
 
 } // namespace qz::tokens

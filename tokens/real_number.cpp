@@ -1,5 +1,6 @@
 #include "tokens/real_number.h"
 
+#include "tokens/digits.h"
 #include "tokens/power_of_ten.h"
 
 #include <absl/strings/charconv.h>

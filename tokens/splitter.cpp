@@ -5,6 +5,7 @@
 #include "tokens/report.h"
 
 #include <algorithm>
+#include <cstring>
 #include <limits>
 #include <new>
 
@@ -23,10 +24,10 @@ std::string_view set_or_empty(const char *set)
 
 /// Each token needs its characters and a terminator. A terminator takes the place of a separator,
 /// of a pair's closing character or of the line's end, except around a single-character token,
-/// which adds its own and that of the token it ends.
+/// which adds its own and that of the token it ends. The last one is as long as a padding.
 std::size_t block_size_for(std::string_view text, const CharacterRoles &roles, bool with_singles)
 {
-    std::size_t size = text.size() + 1;
+    std::size_t size = text.size() + kPaddingSize;
     if (with_singles)
         size += 2 * static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [&](char c) {
                     return roles.of(c) == Role::Single;
@@ -114,8 +115,8 @@ void split_into(SplitResult &result, std::string_view text, const CharacterRoles
     }
 }
 
-/// Gives back what a line of long comments or few tokens did not need.
-void trim(SplitResult &result)
+/// Pads the last token, and gives back what a line of long comments or few tokens did not need.
+void finish(SplitResult &result)
 {
     std::vector<char *> &tokens = result.tokens;
     if (tokens.empty()) {
@@ -125,9 +126,9 @@ void trim(SplitResult &result)
     if (tokens.capacity() / 2 > tokens.size() + kUsualTokenSize)
         tokens.shrink_to_fit();
     const char *start = result.block.get();
-    const char *last = tokens.back();
-    const auto used =
-        static_cast<std::size_t>(last - start) + std::char_traits<char>::length(last) + 1;
+    char *end = tokens.back() + std::char_traits<char>::length(tokens.back());
+    std::memset(end, '\0', kPaddingSize);
+    const auto used = static_cast<std::size_t>(end - start) + kPaddingSize;
     if (used > result.block_size / 2)
         return;
     std::unique_ptr<char[]> block(new (std::nothrow) char[used]);
@@ -167,7 +168,7 @@ SplitResult split(const char *line, const CharacterSets &sets)
     try {
         result.tokens.reserve(text.size() / kUsualTokenSize + 1);
         split_into(result, text, roles);
-        trim(result);
+        finish(result);
     } catch (const std::bad_alloc &) {
         report_full_list();
     }

@@ -9,11 +9,18 @@
 namespace qz::tokens {
 namespace {
 
+/// Storage of its own for a token of @p size characters, padded for parse_number().
+std::unique_ptr<char[]> make_token(std::size_t size)
+{
+    std::unique_ptr<char[]> token(new char[size + kPaddingSize]);
+    std::memset(token.get() + size, '\0', kPaddingSize);
+    return token;
+}
+
 std::unique_ptr<char[]> copy_of(std::string_view text)
 {
-    std::unique_ptr<char[]> copy(new char[text.size() + 1]);
+    std::unique_ptr<char[]> copy = make_token(text.size());
     text.copy(copy.get(), text.size());
-    copy[text.size()] = '\0';
     return copy;
 }
 
@@ -22,9 +29,8 @@ std::unique_ptr<char[]> copy_of(std::string_view text)
 std::unique_ptr<char[]> field_of(std::string_view text, int width, bool left, int offset)
 {
     const std::size_t size = std::max(text.size(), static_cast<std::size_t>(std::max(width, 0)));
-    std::unique_ptr<char[]> field(new char[size + 1]);
+    std::unique_ptr<char[]> field = make_token(size);
     std::memset(field.get(), ' ', size);
-    field[size] = '\0';
 
     std::size_t start = 0;
     if (!left && offset == 0) {

@@ -17,7 +17,7 @@
 namespace qz::tokens {
 
 /// What the splitter hands over: tokens that lie behind each other in one block of memory, each
-/// with its terminator.
+/// with its terminator, and the block padded for parse_number().
 struct SplitResult {
     std::unique_ptr<char[]> block;
     std::size_t block_size = 0;
