@@ -2,13 +2,12 @@
 // is promised.
 
 #include "fuzz/require.h"
-#include "qzerr.h"
+#include "fuzz/surroundings.h"
 #include "qzfile.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
-#include <filesystem>
 #include <memory>
 #include <string>
 
@@ -16,15 +15,10 @@ using qz::fuzz::require;
 
 namespace {
 
-/// A home and variables of its own, and no output.
 bool make_surroundings()
 {
-    const auto home = std::filesystem::temp_directory_path() / "expand_fuzz_home";
-    std::filesystem::create_directories(home);
-    ::setenv("HOME", home.c_str(), 1);
+    qz::fuzz::make_surroundings("expand_fuzz_home");
     ::setenv("A", "$B", 1);
-    ::setenv("L", std::string(600, 'l').c_str(), 1);
-    qzerr_level(-1, QZERR_OFF);
     return true;
 }
 

@@ -1,7 +1,7 @@
 // Any list: split as a slow reading of the rule splits it, then taken as the search path.
 
 #include "fuzz/require.h"
-#include "qzerr.h"
+#include "fuzz/surroundings.h"
 #include "qzfile.h"
 #include "qzfile/qzfile/qzfile/search_list.h"
 #include "qzfile/qzfile/qzfile/search_path.h"
@@ -9,7 +9,6 @@
 #include <cctype>
 #include <cstdint>
 #include <cstdlib>
-#include <filesystem>
 #include <set>
 #include <string>
 #include <vector>
@@ -43,15 +42,10 @@ std::vector<std::string> plain_split(const std::string &list)
     return entries;
 }
 
-/// A home and variables of its own, and no output.
 bool make_surroundings()
 {
-    const auto home = std::filesystem::temp_directory_path() / "list_fuzz_home";
-    std::filesystem::create_directories(home);
-    ::setenv("HOME", home.c_str(), 1);
+    qz::fuzz::make_surroundings("list_fuzz_home");
     ::setenv("A", "a/b", 1);
-    ::setenv("L", std::string(600, 'l').c_str(), 1);
-    qzerr_level(-1, QZERR_OFF);
     return true;
 }
 
