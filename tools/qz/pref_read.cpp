@@ -1,6 +1,7 @@
 #include "qz/output.h"
 #include "qz/pref_target.h"
 
+#include <memory>
 #include <stdexcept>
 
 namespace qz::cli {
@@ -135,15 +136,25 @@ int run_get(const GetOptions &options)
     return fail(report.code, key);
 }
 
+/// What there is of a product, after what is special about it has been mentioned; null and a
+/// complaint for a text that names none.
+std::unique_ptr<Inspection> inspect(const std::string &product_text)
+{
+    const std::optional<QZPREF_PRODUCTS> product = find_product(product_text);
+    if (!product)
+        return nullptr;
+    auto inspection = std::make_unique<Inspection>(*product);
+    mention_pending_migration(*inspection);
+    mention_left_out(*inspection);
+    return inspection;
+}
+
 int run_type(const PrefTarget &options)
 {
-    const std::optional<QZPREF_PRODUCTS> product = find_product(options.product);
-    if (!product)
+    const std::unique_ptr<Inspection> inspection = inspect(options.product);
+    if (!inspection)
         return QZPREF_UNKNOWN_PRODUCT;
-    const Inspection inspection(*product);
-    mention_pending_migration(inspection);
-    mention_left_out(inspection);
-    const Explanation explanation = inspection.explain(full_key(options));
+    const Explanation explanation = inspection->explain(full_key(options));
     const std::string word = type_word(explanation.type);
     if (options.json)
         print_json(QJsonObject{{"key", json_text(explanation.key)}, {"type", json_text(word)}});
@@ -154,13 +165,10 @@ int run_type(const PrefTarget &options)
 
 int run_source(const PrefTarget &options)
 {
-    const std::optional<QZPREF_PRODUCTS> product = find_product(options.product);
-    if (!product)
+    const std::unique_ptr<Inspection> inspection = inspect(options.product);
+    if (!inspection)
         return QZPREF_UNKNOWN_PRODUCT;
-    const Inspection inspection(*product);
-    mention_pending_migration(inspection);
-    mention_left_out(inspection);
-    const Explanation explanation = inspection.explain(full_key(options));
+    const Explanation explanation = inspection->explain(full_key(options));
     const bool found = explanation.winner != QZPrefSource_NotFound;
     const std::string word = qzpref_source_to_string(explanation.winner);
     if (options.json) {
@@ -188,13 +196,10 @@ QJsonObject json_of(const ListedKey &listed)
 
 int run_list(const GroupOptions &options)
 {
-    const std::optional<QZPREF_PRODUCTS> product = find_product(options.product);
-    if (!product)
+    const std::unique_ptr<Inspection> inspection = inspect(options.product);
+    if (!inspection)
         return QZPREF_UNKNOWN_PRODUCT;
-    const Inspection inspection(*product);
-    mention_pending_migration(inspection);
-    mention_left_out(inspection);
-    const std::vector<ListedKey> keys = inspection.list(options.group);
+    const std::vector<ListedKey> keys = inspection->list(options.group);
     if (options.json) {
         QJsonArray answer;
         for (const ListedKey &listed : keys)
@@ -220,14 +225,11 @@ int run_list(const GroupOptions &options)
 
 int run_groups(const GroupOptions &options)
 {
-    const std::optional<QZPREF_PRODUCTS> product = find_product(options.product);
-    if (!product)
+    const std::unique_ptr<Inspection> inspection = inspect(options.product);
+    if (!inspection)
         return QZPREF_UNKNOWN_PRODUCT;
-    const Inspection inspection(*product);
-    mention_pending_migration(inspection);
-    mention_left_out(inspection);
     QJsonArray answer;
-    for (const std::string &group : inspection.groups(options.group)) {
+    for (const std::string &group : inspection->groups(options.group)) {
         if (options.json)
             answer.append(json_text(group));
         else
