@@ -37,7 +37,7 @@ def throw(handler: int, level: int, text: str) -> bool:
     Gives False when there is no such handler, or its stream or window failed.
     """
     message = ctypes.c_char_p(encoded(text))
-    return library.qzerr_throw(handler, int(level), b"%s", message) == 1
+    return bool(library.qzerr_throw(handler, int(level), b"%s", message) == 1)
 
 
 def _push_window(handler: int, callback: Callable[[str], object]) -> None:

@@ -29,7 +29,7 @@ def expand(text: str | os.PathLike[str]) -> str:
 
 def exists(name: str | os.PathLike[str], *, directory: bool = False) -> bool:
     """Whether a file or directory is found: absolute, or in a directory of the search path."""
-    return library.qzfile_exists(encoded_path(name), int(directory)) == 0
+    return bool(library.qzfile_exists(encoded_path(name), int(directory)) == 0)
 
 
 def find(name: str | os.PathLike[str], *, directory: bool = False) -> str | None:

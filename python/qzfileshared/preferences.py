@@ -7,7 +7,7 @@ import ctypes
 import enum
 import json
 import os
-from typing import Any, Iterator, NoReturn, TypeVar, Union
+from typing import Any, Iterator, NoReturn, TypeVar, Union, cast
 
 from ._library import encoded, library, taken, taken_array, taken_texts
 
@@ -142,7 +142,7 @@ class Preferences:
             value = self[key]
         except PreferenceKeyError:
             return default
-        return value if type(value) is type(default) else default
+        return cast("T", value) if type(value) is type(default) else default
 
     def __contains__(self, key: str) -> bool:
         try:
@@ -265,7 +265,7 @@ class Preferences:
     def __copy__(self) -> NoReturn:
         raise TypeError("open preferences cannot be copied")
 
-    __deepcopy__ = __reduce__ = __copy__  # type: ignore[assignment]
+    __deepcopy__ = __reduce__ = __copy__
 
 
 def explain(product: Product | int, key: str) -> dict[str, Any]:
