@@ -88,6 +88,11 @@ def _declare(library: ctypes.CDLL) -> ctypes.CDLL:
 library = _declare(_load())
 
 
+# On Windows the interpreter takes bytes of names for UTF-8; to the library they are in the code page
+# of the process, as messages are. Preferences are UTF-8 everywhere.
+_MESSAGES = "mbcs" if sys.platform == "win32" else "utf-8"
+
+
 def encoded(text: str, encoding: str = "utf-8") -> bytes:
     """A text for the library, which ends texts at a NUL."""
     if "\0" in text:
@@ -95,12 +100,22 @@ def encoded(text: str, encoding: str = "utf-8") -> bytes:
     return text.encode(encoding)
 
 
+def encoded_message(text: str) -> bytes:
+    """A message for the library."""
+    return encoded(text, _MESSAGES)
+
+
 def encoded_path(path: str | os.PathLike[str]) -> bytes:
     """A path for the library, in the encoding of the process."""
-    name = os.fsencode(path)
+    name = os.fspath(path).encode("mbcs") if sys.platform == "win32" else os.fsencode(path)
     if b"\0" in name:
         raise ValueError("embedded null byte")
     return name
+
+
+def decoded_path(path: bytes) -> str:
+    """A path, or a text with paths in it, from the library."""
+    return path.decode("mbcs", "replace") if sys.platform == "win32" else os.fsdecode(path)
 
 
 def taken(pointer: int | None) -> bytes | None:

@@ -5,10 +5,9 @@ from __future__ import annotations
 import contextlib
 import ctypes
 import enum
-import os
 from typing import Any, Callable, Iterator
 
-from ._library import Window, encoded, library
+from ._library import Window, decoded_path, encoded_message, library
 
 
 class Level(enum.IntEnum):
@@ -36,14 +35,14 @@ def throw(handler: int, level: int, text: str) -> bool:
 
     Gives False when there is no such handler, or its stream or window failed.
     """
-    message = ctypes.c_char_p(encoded(text))
+    message = ctypes.c_char_p(encoded_message(text))
     return bool(library.qzerr_throw(handler, int(level), b"%s", message) == 1)
 
 
 def _push_window(handler: int, callback: Callable[[str], object]) -> None:
     def window(message: bytes) -> int:
         try:
-            callback(os.fsdecode(message))
+            callback(decoded_path(message))
         except Exception:  # nothing may leave through the library
             return -1
         return 0
@@ -124,7 +123,7 @@ class ErrorHandler:
         library.qzerr_new(ctypes.byref(number))
         self._id = number.value
         library.qzerr_level(self._id, int(level))
-        if prefix and library.qzerr_prefix(self._id, encoded(prefix)) != 1:
+        if prefix and library.qzerr_prefix(self._id, encoded_message(prefix)) != 1:
             library.qzerr_delete(self._id)
             raise ValueError("the prefix is longer than 511 bytes")
         if on_message is not None:

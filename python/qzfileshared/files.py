@@ -5,7 +5,7 @@ from __future__ import annotations
 import ctypes
 import os
 
-from ._library import encoded_path, library, taken
+from ._library import decoded_path, encoded_path, library, taken
 
 
 def native_path(path: str | os.PathLike[str]) -> str:
@@ -24,7 +24,7 @@ def expand(text: str | os.PathLike[str]) -> str:
     expansion = taken(out.value)
     if status != 0 or expansion is None:
         raise LookupError(f"cannot expand {os.fspath(text)!r}")
-    return os.fsdecode(expansion)
+    return decoded_path(expansion)
 
 
 def exists(name: str | os.PathLike[str], *, directory: bool = False) -> bool:
@@ -37,7 +37,7 @@ def find(name: str | os.PathLike[str], *, directory: bool = False) -> str | None
     out = ctypes.c_void_p()
     library.qzfile_find(encoded_path(name), int(directory), ctypes.byref(out))
     path = taken(out.value)
-    return None if path is None else os.fsdecode(path)
+    return None if path is None else decoded_path(path)
 
 
 def search_path() -> list[str]:
@@ -46,7 +46,7 @@ def search_path() -> list[str]:
     if library.qzfile_path_get(ctypes.byref(out)) != 0:
         raise MemoryError
     directories: list[str] = []
-    for part in os.fsdecode(taken(out.value) or b"").split(":"):
+    for part in decoded_path(taken(out.value) or b"").split(":"):
         # A letter, ':' and a backslash are a drive; any other ':' stands between directories.
         if part.startswith("\\") and directories and _is_drive(directories[-1]):
             directories[-1] += ":" + part

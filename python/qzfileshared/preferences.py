@@ -6,10 +6,9 @@ import contextlib
 import ctypes
 import enum
 import json
-import os
 from typing import Any, Iterator, NoReturn, TypeVar, Union, cast
 
-from ._library import encoded, library, taken, taken_array, taken_texts
+from ._library import decoded_path, encoded, library, taken, taken_array, taken_texts
 
 #: What a preference holds.
 Value = Union[bool, int, float, str]
@@ -240,7 +239,7 @@ class Preferences:
     @property
     def file(self) -> str:
         """The user's file."""
-        return os.fsdecode(taken(library.qzpref_get_settings_file(self.handle)) or b"")
+        return decoded_path(taken(library.qzpref_get_settings_file(self.handle)) or b"")
 
     def sync(self) -> None:
         """Saves what changed, and reads what others have saved."""
