@@ -149,16 +149,16 @@ void print_trace(const std::vector<PathEntry> &entries, const std::vector<Outcom
     Table table({"", "#", "RESULT", "DIRECTORY", "FROM", "WRITTEN", ""});
     for (std::size_t i = 0; i < entries.size(); ++i) {
         const bool hit = outcomes[i].word == std::string("hit");
-        const auto look = hit                                           ? &Style::good
-                          : outcomes[i].word == std::string("shadowed") ? &Style::odd
-                                                                        : &Style::faint;
+        const auto look = hit                                           ? Look::Good
+                          : outcomes[i].word == std::string("shadowed") ? Look::Odd
+                                                                        : Look::Faint;
         table.add({{hit ? "=>" : "  ", look},
                    std::to_string(i + 1),
                    {outcomes[i].word, look},
                    native(entries[i].directory),
                    entries[i].origin,
                    entries[i].written,
-                   {remarks(entries[i], outcomes[i].remark), &Style::faint}});
+                   {remarks(entries[i], outcomes[i].remark), Look::Faint}});
     }
     table.print();
 }
@@ -214,7 +214,7 @@ template <typename Options> int run_path(const Options &options)
                    native(entry.directory),
                    entry.origin,
                    entry.written,
-                   {remarks(entry, there ? "" : "not there"), &Style::faint}});
+                   {remarks(entry, there ? "" : "not there"), Look::Faint}});
     }
     if (options.json)
         print_json(answer);

@@ -89,7 +89,7 @@ int run_dirs(const DirsOptions &options)
         answer[known.name] = path.empty() ? QJsonValue() : QJsonValue(json_text(path));
         if (!options.name.empty() && !options.json && !path.empty())
             print_line(path);
-        table.add({known.name, path.empty() ? "-" : path, {known.description, &Style::faint}});
+        table.add({known.name, path.empty() ? "-" : path, {known.description, Look::Faint}});
     }
     if (options.json)
         print_json(answer);
@@ -131,7 +131,7 @@ int run_products(const PlainOptions &options)
         qzfile_get_product_version(word.c_str(), &version);
         const std::string path = installed_directory(word);
         directories.add({word, std::to_string(version),
-                         path.empty() ? Cell("not installed", &Style::faint) : Cell(path)});
+                         path.empty() ? Cell("not installed", Look::Faint) : Cell(path)});
         installable.append(
             QJsonObject{{"product", json_text(word)},
                         {"version", version},

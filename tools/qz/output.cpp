@@ -55,6 +55,25 @@ Style Style::of_stdout()
     return style;
 }
 
+std::string Style::as(Look look, std::string_view text) const
+{
+    switch (look) {
+    case Look::Strong:
+        return strong(text);
+    case Look::Faint:
+        return faint(text);
+    case Look::Good:
+        return good(text);
+    case Look::Bad:
+        return bad(text);
+    case Look::Odd:
+        return odd(text);
+    case Look::Plain:
+        break;
+    }
+    return std::string(text);
+}
+
 std::string Style::wrap(const char *code, std::string_view text) const
 {
     if (!colours_ || text.find_first_not_of(' ') == std::string_view::npos)
@@ -82,7 +101,7 @@ Table::Table(const std::vector<std::string> &headings)
 {
     std::vector<Cell> row;
     for (const std::string &heading : headings)
-        row.emplace_back(heading, &Style::strong);
+        row.emplace_back(heading, Look::Strong);
     rows_.push_back(std::move(row));
 }
 
@@ -103,7 +122,7 @@ void Table::print(int indent) const
         for (std::size_t i = 0; i < row.size(); ++i) {
             const std::string text = printable(row[i].text);
             const std::size_t columns = columns_of(text);
-            line += row[i].look ? (style.*row[i].look)(text) : text;
+            line += style.as(row[i].look, text);
             if (i + 1 < row.size())
                 line.append(2 + (columns < widths[i] ? widths[i] - columns : 0), ' ');
         }

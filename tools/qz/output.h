@@ -25,6 +25,9 @@ void complain(std::string_view text);
 /// @return @p code, or kExitOutputLost when the answer did not reach standard output.
 int finish_output(int code);
 
+/// How a text looks.
+enum class Look { Plain, Strong, Faint, Good, Bad, Odd };
+
 /// Colours for one stream: none unless it is a terminal that can show them, nor with NO_COLOR.
 class Style {
 public:
@@ -40,6 +43,8 @@ public:
 
     std::string odd(std::string_view text) const { return wrap("33", text); }
 
+    std::string as(Look look, std::string_view text) const;
+
 private:
     std::string wrap(const char *code, std::string_view text) const;
 
@@ -52,12 +57,10 @@ struct Cell {
 
     Cell(const char *plain) : text(plain) {}
 
-    Cell(std::string plain, std::string (Style::*how)(std::string_view) const)
-        : text(std::move(plain)), look(how)
-    {}
+    Cell(std::string plain, Look how) : text(std::move(plain)), look(how) {}
 
     std::string text;
-    std::string (Style::*look)(std::string_view) const = nullptr;
+    Look look = Look::Plain;
 };
 
 /// Lines in columns. Control characters are shown escaped, so that no value moves the cursor.

@@ -48,11 +48,11 @@ void print_headline(const Explanation &explanation, const Style &style)
 Cell state_of(const LayerReport &layer)
 {
     if (layer.file.empty())
-        return {"no file is configured", &Style::faint};
+        return {"no file is configured", Look::Faint};
     if (!layer.exists)
-        return {"not there", &Style::faint};
+        return {"not there", Look::Faint};
     if (layer.status)
-        return {"left out: " + describe(layer.status), &Style::bad};
+        return {"left out: " + describe(layer.status), Look::Bad};
     return "readable, " + count_of_keys(layer.key_count);
 }
 
@@ -82,8 +82,7 @@ void print_layers(const Explanation &explanation, const Inspection &inspection, 
         print_line("");
         print_line(style.good(wins ? kHere : kNotHere) +
                    (wins ? style.good(name) : style.strong(name)) + printable(layer.file));
-        print_line(detail_line(kNotHere, state.look ? (style.*state.look)(state.text) : state.text,
-                               style));
+        print_line(detail_line(kNotHere, style.as(state.look, state.text), style));
         if (!layer.exists && layer.source == QZPrefSource_User) {
             const std::string pending = pending_migration(inspection);
             if (!pending.empty())
@@ -128,13 +127,13 @@ void print_getters(const Explanation &explanation)
     Table table({"GETTER", "CODE", "HANDS BACK", ""});
     for (const GetterReport &report : explanation.getters) {
         const bool takes_default = report.getter.find("(default)") != std::string::npos;
-        const auto look = report.code == QZPREF_SUCCESS_      ? &Style::good
-                          : report.code == QZPREF_LOWER_LAYER ? &Style::odd
-                                                              : &Style::faint;
+        const auto look = report.code == QZPREF_SUCCESS_      ? Look::Good
+                          : report.code == QZPREF_LOWER_LAYER ? Look::Odd
+                                                              : Look::Faint;
         table.add({{report.getter, look},
                    {std::to_string(report.code), look},
                    {given_by(report, takes_default), look},
-                   {why(report, explanation), &Style::faint}});
+                   {why(report, explanation), Look::Faint}});
     }
     table.print(3);
 }

@@ -212,7 +212,7 @@ int run_list(const GroupOptions &options)
         for (const ListedKey &listed : keys) {
             table.add({listed.key + (listed.platform_form ? " *" : ""),
                        listed.type ? type_word(listed.type) : '?' + listed.type_text, listed.value,
-                       qzpref_source_to_string(listed.source), Cell(listed.file, &Style::faint)});
+                       qzpref_source_to_string(listed.source), Cell(listed.file, Look::Faint)});
         }
         table.print();
     }
