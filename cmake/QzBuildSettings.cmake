@@ -33,3 +33,13 @@ if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
         target_compile_options(qz_warnings INTERFACE $<$<COMPILE_LANGUAGE:C,CXX>:-Werror>)
     endif()
 endif()
+if(MSVC)
+    # The C functions that the library calls are those of the standard, which its headers would
+    # rather see replaced; macros of the system named min and max are nobody's wish.
+    target_compile_options(qz_warnings INTERFACE $<$<COMPILE_LANGUAGE:C,CXX>:/W3 /utf-8 /permissive->)
+    target_compile_definitions(qz_warnings INTERFACE
+        _CRT_SECURE_NO_WARNINGS _CRT_NONSTDC_NO_WARNINGS NOMINMAX _WIN32_WINNT=0x0A00)
+    if(QZ_WARNINGS_AS_ERRORS)
+        target_compile_options(qz_warnings INTERFACE $<$<COMPILE_LANGUAGE:C,CXX>:/WX>)
+    endif()
+endif()
