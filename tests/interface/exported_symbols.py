@@ -32,19 +32,30 @@ SHORTER = [
 SHORTER_IN_DLL = [(r"\bunsigned long long\b", "unsigned long"), (r"\blong long\b", "long")]
 
 
+def output(command, text=None):
+    return subprocess.run(command, input=text, check=True, capture_output=True, text=True).stdout
+
+
+def symbols_of(nm, library):
+    """The names that a caller may link, as they are in the source."""
+    if not library.endswith(".dll.a"):
+        listing = output([nm, "-DC", "--defined-only", library])
+        return re.findall(r"^[0-9a-f]+ +\w (.*)$", listing, re.M)
+    # An import library has an address for each of them, and a jump for each function.
+    listing = output([nm, "-g", "--defined-only", library])
+    imported = re.findall(r"^[0-9a-f]+ +I __imp_(.*)$", listing, re.M)
+    return output(re.sub(r"nm$", "c++filt", nm), "\n".join(imported)).splitlines()
+
+
 def exported(nm, library):
     is_dll = library.endswith(".dll.a")
-    lines = subprocess.run([nm, "-gC" if is_dll else "-DC", "--defined-only", library], check=True,
-                           capture_output=True, text=True).stdout.splitlines()
     names = set()
-    for line in lines:
-        # An import library has two symbols for each function: the jump and the address.
-        if not re.match(r"[0-9a-f]+ +\w ", line) or (is_dll and " I " in line):
-            continue
-        name = re.sub(r"^[0-9a-f]* +\w ", "", line)
+    for name in symbols_of(nm, library):
         for pattern, text in SHORTER + SHORTER_IN_DLL * is_dll:
             name = re.sub(pattern, text, name)
         names.add(name)
+        if is_dll and name.startswith("typeinfo for "):  # which has the address of its own name
+            names.add(name.replace("typeinfo for", "typeinfo name for"))
     return sorted(names)
 
 
