@@ -110,7 +110,7 @@ TEST_F(WebAccess, AnEntryThatCannotBeReadIsAnError)
 {
     boost::system::error_code failed;
     fs::create_symlink(marker_, marker_, failed);
-    if (failed)
+    if (failed || !fs::is_symlink(fs::symlink_status(marker_, failed)))
         GTEST_SKIP() << "no symbolic links here";
     EXPECT_THROW(qzcommon_web_access_allowed(), fs::filesystem_error);
 }

@@ -130,9 +130,8 @@ TEST_F(FileEntries, FailuresAreReportedOnceMore)
 
 TEST_F(FileEntries, AMissingWorkingDirectoryIsReportedByItsEntryPoint)
 {
-    std::filesystem::create_directory(root_ / "gone");
-    std::filesystem::current_path(root_ / "gone");
-    std::filesystem::remove(root_ / "gone");
+    if (!lose_working_directory())
+        GTEST_SKIP() << "this system keeps a directory that someone works in";
     QZFILEF_PATH_ADD_CWD(&status_);
     EXPECT_EQ(status_, -1);
     EXPECT_NE(messages_.text().find("FATAL QZFILEF_PATH_ADD_CWD: qzfile_path_add_cwd) fails\n"),
@@ -181,7 +180,7 @@ TEST_F(FileEntries, SearchPath)
     EXPECT_EQ(status_, 0);
     qzfile_path_get(&list);
     EXPECT_EQ(scene::taken(list),
-              "a:b:c:" + text("").substr(0, text("").size() - 1) + ":" + text("home"));
+              "a:b:c:" + text("").substr(0, text("").size() - 1) + ":" + home());
 }
 
 } // namespace

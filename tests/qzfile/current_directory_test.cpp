@@ -24,10 +24,10 @@ protected:
 
 TEST_F(CurrentDirectory, SetsWithExpansionAndEitherSeparator)
 {
-    std::filesystem::create_directories(root_ / "a b/\xC3\xA9");
+    QDir().mkpath(QFile::decodeName("a b/\xC3\xA9"));
     set("QZ_TEST_A", "a b");
     EXPECT_EQ(qzfile_dir_current_set("$QZ_TEST_A\\\xC3\xA9"), 0);
-    EXPECT_EQ(current(), text("a b/\xC3\xA9"));
+    EXPECT_EQ(scene::with_slashes(current()), scene::with_slashes(text("a b/\xC3\xA9")));
     EXPECT_EQ(qzfile_dir_current_set("../.."), 0);
     EXPECT_EQ(current(), root_.string());
 }

@@ -47,7 +47,7 @@ TEST_F(Digests, OfTextFileAndInput)
         EXPECT_EQ(qzfile_md5_file(of_file, text("file").c_str()), 0);
         ASSERT_NE(std::freopen(text("file").c_str(), "rb", stdin), nullptr);
         EXPECT_EQ(qzfile_md5_filter(of_input), 0);
-        EXPECT_EQ(std::feof(stdin), 1) << "the input is still open";
+        EXPECT_TRUE(std::feof(stdin)) << "the input is still open";
         EXPECT_EQ(hex(of_text), c.digest);
         EXPECT_EQ(hex(of_file), c.digest);
         EXPECT_EQ(hex(of_input), c.digest);

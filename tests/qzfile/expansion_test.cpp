@@ -1,3 +1,4 @@
+#include "account.h"
 #include "qzfile/scene.h"
 
 #include <gtest/gtest.h>
@@ -33,22 +34,21 @@ TEST_F(Expansion, Syntax)
         std::string text;
         std::string expansion;
     } cases[] = {
-        {"ordinary text stays, separators too", "a/b\\c d",              "a/b\\c d"           },
-        {"variables",                           "$QZ_TEST_A/$QZ_TEST_A", "one/one"            },
-        {"a name ends where its letters end",   "$QZ_TEST_A-x",          "one-x"              },
-        {"an unset one stands for nothing",     "$QZ_TEST_UNSET/x",      "/x"                 },
-        {"a value is not expanded again",       "$QZ_TEST_LOOP",         "$QZ_TEST_A~"        },
-        {"no brace form",                       "${QZ_TEST_A}",          "${QZ_TEST_A}"       },
-        {"no percent form",                     "%QZ_TEST_A%",           "%QZ_TEST_A%"        },
-        {"no name: the sign stays",             "$-$$/$",                "$-$$/$"             },
-        {"a letter outside ASCII ends a name",  "$QZ_TEST_A\xC3\xA9",    "one\xC3\xA9"        },
-        {"the user's home",                     "~/data",                home_ + "/data"      },
-        {"the home alone",                      "~",                     home_                },
-        {"a backslash ends the name too",       "~\\$QZ_TEST_A",         home_ + "\\one"      },
-        {"a tilde within is a character",       "a~/b",                  "a~/b"               },
-        {"a computed directory",                "$USERDATA/x",           home_ + "\\Halcyra/x"},
-        {"its name must be whole",              "$USERDATA_x",           ""                   },
-        {"empty",                               "",                      ""                   },
+        {"ordinary text stays, separators too", "a/b\\c d",              "a/b\\c d"     },
+        {"variables",                           "$QZ_TEST_A/$QZ_TEST_A", "one/one"      },
+        {"a name ends where its letters end",   "$QZ_TEST_A-x",          "one-x"        },
+        {"an unset one stands for nothing",     "$QZ_TEST_UNSET/x",      "/x"           },
+        {"a value is not expanded again",       "$QZ_TEST_LOOP",         "$QZ_TEST_A~"  },
+        {"no brace form",                       "${QZ_TEST_A}",          "${QZ_TEST_A}" },
+        {"no percent form",                     "%QZ_TEST_A%",           "%QZ_TEST_A%"  },
+        {"no name: the sign stays",             "$-$$/$",                "$-$$/$"       },
+        {"a letter outside ASCII ends a name",  "$QZ_TEST_A\xC3\xA9",    "one\xC3\xA9"  },
+        {"the user's home",                     "~/data",                home_ + "/data"},
+        {"the home alone",                      "~",                     home_          },
+        {"a backslash ends the name too",       "~\\$QZ_TEST_A",         home_ + "\\one"},
+        {"a tilde within is a character",       "a~/b",                  "a~/b"         },
+        {"its name must be whole",              "$USERDATA_x",           ""             },
+        {"empty",                               "",                      ""             },
     };
 
     for (const auto &c : cases) {
@@ -57,6 +57,15 @@ TEST_F(Expansion, Syntax)
         EXPECT_EQ(qzfile_dir_expand(c.text.c_str(), &out), 0);
         EXPECT_EQ(taken(out), c.expansion);
     }
+}
+
+TEST_F(Expansion, AComputedDirectoryIsMade)
+{
+    if (!qz::test::may_write_to_profile())
+        GTEST_SKIP() << qz::test::kForeignProfile;
+    char *out = nullptr;
+    EXPECT_EQ(qzfile_dir_expand("$USERDATA/x", &out), 0);
+    EXPECT_EQ(taken(out), profile() + "\\Halcyra/x");
     EXPECT_TRUE(is_there(home_ + "/Halcyra"));
 }
 
@@ -71,12 +80,13 @@ TEST_F(Expansion, ReportsAnUnknownUserAndGoesOn)
         int result;
         std::string expansion;
     } cases[] = {
-        {"the rest is expanded",         "~qfile_nobody/x",          -1, "/x"                      },
-        {"a variable changes no status", "~qfile_nobody/$QZ_TEST_A", -1, "/one"                    },
-        {"a later directory clears it",  "~qfile_nobody\\$USERDATA", 0,  "\\" + home_ + "\\Halcyra"},
+        {"the rest is expanded",         "~qfile_nobody/x",          -1, "/x"              },
+        {"a variable changes no status", "~qfile_nobody/$QZ_TEST_A", -1, "/one"            },
+        {"a later directory clears it",  "~qfile_nobody\\$APPDATA",  0,  "\\" + text("app")},
     };
 
     char *out = nullptr;
+    set("HALCYRA_APPDATA_OVERRIDE", text("app"));
     for (const auto &c : cases) {
         SCOPED_TRACE(c.why);
         Messages messages;
@@ -84,6 +94,7 @@ TEST_F(Expansion, ReportsAnUnknownUserAndGoesOn)
         EXPECT_EQ(taken(out), c.expansion);
         EXPECT_EQ(messages.text(), unknown);
     }
+    unset("HALCYRA_APPDATA_OVERRIDE");
     Messages messages;
     EXPECT_EQ(qzfile_dir_user_home(nullptr, &out), -1);
     EXPECT_EQ(messages.text(), "WARNING qzfile_dir_user_home: null user name given\n");

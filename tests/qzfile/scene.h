@@ -5,9 +5,11 @@
 #include "qzfile.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -17,6 +19,14 @@
 #include <string>
 
 namespace scene {
+
+/// @p path with '/' wherever the system takes it for the same as '\\'.
+inline std::string with_slashes(std::string path)
+{
+    if (std::filesystem::path::preferred_separator == '\\')
+        std::replace(path.begin(), path.end(), '\\', '/');
+    return path;
+}
 
 /// Everything reported on the module's handler meanwhile, whatever its level.
 class Messages {
@@ -123,15 +133,24 @@ protected:
         return std::filesystem::remove(root_ / "gone", refused);
     }
 
-    bool is_there(const std::filesystem::path &name) const
+    /// Whether something is there, links not followed; the name as the library takes it.
+    bool is_there(const std::string &name) const
     {
-        return std::filesystem::exists(std::filesystem::symlink_status(root_ / name));
+        const QFileInfo info(QDir(directory_.path()), QFile::decodeName(name.c_str()));
+        return info.exists() || info.isSymLink();
     }
 
-    std::string text(const std::filesystem::path &name) const { return (root_ / name).string(); }
+    std::string text(const std::string &name) const
+    {
+        return root_.string() + static_cast<char>(std::filesystem::path::preferred_separator) +
+               name;
+    }
 
     /// The user's home: in the scene where a variable names it, else the account's own.
-    static std::string home()
+    static std::string home() { return QDir::homePath().toLocal8Bit().toStdString(); }
+
+    /// The same as the system spells it.
+    static std::string profile()
     {
         return QDir::toNativeSeparators(QDir::homePath()).toLocal8Bit().toStdString();
     }

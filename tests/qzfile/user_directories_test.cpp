@@ -57,15 +57,15 @@ TEST_F(UserDirectories, FollowTheDesktop)
         bool is_made;
         DirectoryName name;
     } cases[] = {
-        {qzfile_halcyra_appdata_dir,       roaming + "\\Halcyra",            true,  DirectoryName::AppData        },
-        {qzfile_halcyra_local_appdata_dir, local + "\\Halcyra",              true,  DirectoryName::LocalAppData   },
-        {qzfile_halcyra_userdata_dir,      home() + "\\Halcyra",             true,  DirectoryName::UserData       },
-        {qzfile_get_halcyra_temp,          local + "\\Halcyra\\tmp",         true,  DirectoryName::Temp           },
-        {qzfile_get_desktop_dir,           home() + separator + "Desktop",   false, DirectoryName::Desktop        },
-        {qzfile_get_mydocuments_dir,       home() + separator + "Documents", false,
-         DirectoryName::MyDocuments                                                                               },
-        {qzfile_get_mynetworkplaces_dir,   places,                           false, DirectoryName::MyNetworkPlaces},
-        {qzfile_dir_home,                  home(),                           true,  DirectoryName::Home           },
+        {qzfile_halcyra_appdata_dir,       roaming + "\\Halcyra",               true,  DirectoryName::AppData        },
+        {qzfile_halcyra_local_appdata_dir, local + "\\Halcyra",                 true,  DirectoryName::LocalAppData   },
+        {qzfile_halcyra_userdata_dir,      profile() + "\\Halcyra",             true,  DirectoryName::UserData       },
+        {qzfile_get_halcyra_temp,          local + "\\Halcyra\\tmp",            true,  DirectoryName::Temp           },
+        {qzfile_get_desktop_dir,           profile() + separator + "Desktop",   false, DirectoryName::Desktop        },
+        {qzfile_get_mydocuments_dir,       profile() + separator + "Documents", false,
+         DirectoryName::MyDocuments                                                                                  },
+        {qzfile_get_mynetworkplaces_dir,   places,                              false, DirectoryName::MyNetworkPlaces},
+        {qzfile_dir_home,                  home(),                              true,  DirectoryName::Home           },
     };
 
     for (const auto &c : cases) {
@@ -89,7 +89,7 @@ TEST_F(UserDirectories, VariablesReplaceThem)
     EXPECT_EQ(call(qzfile_halcyra_local_appdata_dir), text("over/ride"));
     EXPECT_TRUE(is_there("over/ride"));
     if (qz::test::may_write_to_profile()) {
-        EXPECT_EQ(call(qzfile_halcyra_userdata_dir), home() + "\\Halcyra");
+        EXPECT_EQ(call(qzfile_halcyra_userdata_dir), profile() + "\\Halcyra");
     }
     EXPECT_EQ(call(qzfile_get_halcyra_temp), text("over/ride") + "\\tmp");
     set("HALCYRA_TMPDIR", text("t/m/p"));
@@ -100,7 +100,7 @@ TEST_F(UserDirectories, VariablesReplaceThem)
 TEST_F(UserDirectories, OfThisRelease)
 {
     set("HALCYRA_APPDATA_OVERRIDE", text("app"));
-    set("HALCYRA_DEPRECATION_WARNING", "");
+    set("HALCYRA_DEPRECATION_WARNING", "1");
     const std::string directory = text("app") + "\\2025-3";
     EXPECT_EQ(call(qzfile_get_appdata_release_dir), directory) << "made";
     halcyra::qzlibs::CaptureQZErr warning(0);
@@ -133,12 +133,9 @@ TEST_F(UserDirectories, ThatCannotBeMade)
 
 TEST_F(UserDirectories, AReleaseDirectoryThatCannotBeMadeIsOnlyMissing)
 {
-    // There, but without room for a longer path.
-    std::string full = text("app");
-    while (full.size() < 4090)
-        full += "/.";
-    std::filesystem::create_directory(root_ / "app");
-    set("HALCYRA_APPDATA_OVERRIDE", full);
+    // There, but no directory.
+    touch("app");
+    set("HALCYRA_APPDATA_OVERRIDE", text("app"));
     Messages messages;
     EXPECT_EQ(call(qzfile_get_appdata_release_dir, 0), "(null)");
     EXPECT_NE(messages.text().find("qzfile_mkdir_recursive failed: "), std::string::npos);
@@ -176,15 +173,18 @@ TEST_F(UserDirectories, FilesWithSuffix)
 {
     for (const char *name : {"d/a.txt", "d/b.TXT", "d/.txt", "d/c.txt.bak", "d/sub.txt/x.txt"})
         touch(name);
-    link("d/a.txt", "d/link.txt");
+    const bool has_links = link("d/a.txt", "d/link.txt");
     link("nowhere", "d/dangling.txt");
     std::set<std::string> names;
     for (const auto &path : halcyra::path::get_all_files_with_suffix("d", ".txt")) {
         EXPECT_EQ(path.parent_path(), boost::filesystem::path("d"));
         names.insert(path.filename().string());
     }
-    EXPECT_EQ(names, (std::set<std::string>{"a.txt", ".txt", "link.txt"}));
-    EXPECT_EQ(halcyra::path::get_all_files_with_suffix("d", "").size(), 5u);
+    std::set<std::string> expected = {"a.txt", ".txt"};
+    if (has_links)
+        expected.insert("link.txt");
+    EXPECT_EQ(names, expected);
+    EXPECT_EQ(halcyra::path::get_all_files_with_suffix("d", "").size(), expected.size() + 2);
     link("d/loop.txt", "d/loop.txt");
     for (const auto &[directory, step] :
          {std::pair("missing", "directory_iterator::directory_iterator"),
@@ -192,7 +192,9 @@ TEST_F(UserDirectories, FilesWithSuffix)
         const auto list = [&, where = directory] {
             halcyra::path::get_all_files_with_suffix(where, ".txt");
         };
+        if (!has_links && directory == std::string("d"))
+            continue;
         const std::string said = thrown<boost::filesystem::filesystem_error>(list);
-        EXPECT_EQ(said.rfind(step, 0), 0u) << said;
+        EXPECT_NE(said.find(step), std::string::npos) << said;
     }
 }

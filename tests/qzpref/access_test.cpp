@@ -56,7 +56,7 @@ TEST_F(Handles, KeepEveryTypeAndCode)
     EXPECT_EQ(qzpref_contains(h_, "g/i", QZPREF_TYPE_BOOL), QZPREF_KEY_NOT_FOUND);
     EXPECT_EQ(qzpref_remove(h_, "g/i", QZPREF_TYPE_INT), 1);
     EXPECT_EQ(qzpref_remove(h_, "g", QZPREF_TYPE_NONE), 3);
-    EXPECT_EQ(taken(qzpref_get_settings_file(h_)), user_file());
+    EXPECT_EQ(taken(qzpref_get_settings_file(h_)), scene::with_slashes(user_file()));
 }
 
 TEST_F(Handles, FlattenLists)
@@ -209,7 +209,7 @@ TEST_F(Wrapper, CopiesAndMovesShareOneStore)
     EXPECT_EQ(assigned.get<int>("k"), 1) << "the first to go takes nothing from the others";
     std::string file;
     assigned.getSettingsFile(file);
-    EXPECT_EQ(file, user_file());
+    EXPECT_EQ(file, scene::with_slashes(user_file()));
 }
 
 } // namespace

@@ -92,7 +92,7 @@ TEST_F(Inspecting, TouchesNothing)
     EXPECT_EQ(tree(), before);
     unset("HALCYRA_QZPREF_SANDBOX");
     Inspection elsewhere(kProduct);
-    EXPECT_EQ(elsewhere.layers()[0].file.find(text("home")), 0u);
+    EXPECT_EQ(scene::with_slashes(elsewhere.layers()[0].file).find(home()), 0u);
     EXPECT_EQ(tree(), before);
 }
 

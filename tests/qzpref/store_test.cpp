@@ -1,3 +1,4 @@
+#include "account.h"
 #include "preference_scene.h"
 
 #include <map>
@@ -372,7 +373,7 @@ TEST_F(Store, LayersAreReadOnceAndDroppedWithTheLastStore)
             QZPREF second(QZPREF_ATELIO, true);
             EXPECT_EQ(value_now(second), 1);
         }
-        set("HALCYRA_QZPREF_TEST", "");
+        set("HALCYRA_QZPREF_TEST", "1");
         QZPREF third(QZPREF_ATELIO, true);
         EXPECT_EQ(value_now(third), 2) << "read again while the variable is set";
         EXPECT_EQ(value_now(first), 2) << "for all";
@@ -392,8 +393,10 @@ TEST_F(Store, CorruptUserFileIsReplacedByAnEmptyStore)
         EXPECT_FALSE(is_there("sandbox/Halcyra/2025-3/Dovrel.xml"));
         EXPECT_EQ(store.set("k", 1, ""), 0);
     }
-    EXPECT_NE(log.text().find("QZPREF::initialize_handle: Loading setting(" + user_file()),
-              std::string::npos);
+    EXPECT_NE(
+        scene::with_slashes(log.text())
+            .find("QZPREF::initialize_handle: Loading setting(" + scene::with_slashes(user_file())),
+        std::string::npos);
     QZPREF store(kProduct, true);
     EXPECT_EQ(store.hasKey("k"), 0);
 }
@@ -466,15 +469,23 @@ TEST_F(Store, MigratesFromTheNewestReleaseThatHasKeys)
 TEST_F(Store, OldReleasesLieInTheHomeDirectory)
 {
     using namespace halcyra::preferences::internal;
-    EXPECT_EQ(get_qzpref_directory("2025-3"), text("sandbox/Halcyra/2025-3"));
+    const auto directory = [](const char *release) {
+        return scene::with_slashes(get_qzpref_directory(release));
+    };
+    EXPECT_EQ(directory("2025-3"), scene::with_slashes(text("sandbox/Halcyra/2025-3")));
     unset("HALCYRA_QZPREF_SANDBOX");
     set("XDG_DATA_HOME", text("share"));
-    EXPECT_EQ(get_qzpref_directory("2017-1"), text("home/Halcyra/2017-1"));
-    EXPECT_EQ(get_qzpref_directory("2017-2"), text("share/Halcyra/2017-2"));
-    EXPECT_EQ(get_qzpref_file(kProduct, "2019-2").toStdString(),
-              text("share/Halcyra/2019-2/Dovrel.xml"));
-    EXPECT_EQ(get_qzpref_file(kProduct, "2019-3").toStdString(),
-              text("share/Halcyra/2019-3/DovrelPanel.xml"));
+    const std::string share =
+        scene::with_slashes(qz::test::account_tells_folders() ? profile() + "\\AppData\\Local"
+                                                              : text("share")) +
+        "/Halcyra/";
+    const auto file = [](const char *release) {
+        return scene::with_slashes(get_qzpref_file(kProduct, release).toStdString());
+    };
+    EXPECT_EQ(directory("2017-1"), home() + "/Halcyra/2017-1");
+    EXPECT_EQ(directory("2017-2"), share + "2017-2");
+    EXPECT_EQ(file("2019-2"), share + "2019-2/Dovrel.xml");
+    EXPECT_EQ(file("2019-3"), share + "2019-3/DovrelPanel.xml");
     EXPECT_THROW(get_qzpref_file(static_cast<QZPREF_PRODUCTS>(16), "2025-3"), std::out_of_range);
     unset("HALCYRA_MACHINE_PREFERENCE");
     unset("HALCYRA_SITE_PREFERENCE");

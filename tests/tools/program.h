@@ -1,6 +1,8 @@
 #ifndef QZ_TESTS_TOOLS_PROGRAM_H
 #define QZ_TESTS_TOOLS_PROGRAM_H
 
+#include "qzfile/scene.h"
+
 #include <QProcess>
 #include <QSysInfo>
 #include <gtest/gtest.h>
@@ -68,7 +70,7 @@ inline void expect(const Case &c)
     SCOPED_TRACE(c.line);
     const Answer answer = run(c.line, c.input ? c.input : "");
     EXPECT_EQ(answer.code, c.code) << answer.err;
-    EXPECT_EQ(answer.out, c.out);
+    EXPECT_EQ(scene::with_slashes(answer.out), scene::with_slashes(c.out));
     if (*c.err)
         EXPECT_NE(answer.err.find(c.err), std::string::npos) << answer.err;
     else
