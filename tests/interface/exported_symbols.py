@@ -2,9 +2,8 @@
 
 usage: exported_symbols.py [--update] [--nm NM] LIBRARY HEADER.h ...
 
-LIBRARY is the shared object, or the import library of the DLL: both have the same list.
-
-pending.txt names the functions that a header declares and that are not made yet.
+LIBRARY is the shared object, or the import library of the DLL: both have the same list. A function
+that a header declares must be exported.
 """
 
 import argparse
@@ -60,16 +59,17 @@ def exported(nm, library):
 
 
 def declared(header):
-    text = re.sub(r"/\*.*?\*/|//[^\n]*", "", pathlib.Path(header).read_text(), flags=re.S)
+    text = re.sub(r"/\*.*?\*/|//[^\n]*|^ *#[^\n]*", "", pathlib.Path(header).read_text(),
+                  flags=re.S | re.M)
     return re.findall(r"\bQZ_API\b[^;(]*?(\w+)\s*\(", text)
 
 
-def differences(list_name, found, update):
-    file = HERE / list_name
+def differences(found, update):
+    file = HERE / "symbols.txt"
     if update:
         file.write_text("".join(f"{line}\n" for line in found))
     listed = file.read_text().splitlines()
-    return list(difflib.unified_diff(listed, found, list_name, "found", lineterm="", n=0))
+    return list(difflib.unified_diff(listed, found, file.name, "found", lineterm="", n=0))
 
 
 def main(arguments):
@@ -79,16 +79,16 @@ def main(arguments):
     parser.add_argument("library")
     parser.add_argument("headers", nargs="+")
     given = parser.parse_args(arguments)
-    update, headers = given.update, given.headers
     symbols = exported(given.nm, given.library)
-    functions = [name for header in headers for name in declared(header)]
-    pending = sorted(set(functions) - set(symbols))
+    missing = {name for header in given.headers for name in declared(header)} - set(symbols)
 
-    faults = differences("symbols.txt", symbols, update)
-    faults += differences("pending.txt", pending, update)
+    faults = differences(symbols, given.update)
+    if faults:
+        faults.append(f"If that is how it should be: python3 {sys.argv[0]} --update "
+                      + " ".join(arguments))
+    faults += [f"declared, but not exported: {name}" for name in sorted(missing)]
     if faults:
         print("\n".join(faults))
-        print(f"If that is how it should be: python3 {sys.argv[0]} --update", *arguments)
     return bool(faults)
 
 
