@@ -24,4 +24,11 @@
 #define QZ_PRINTF_FORMAT(format_index, first_argument)
 #endif
 
+#if defined(_MSC_VER)
+#define QZ_OUT_OF_REACH __pragma(warning(suppress : 4251))
+#else
+/** In front of a member that no caller can reach, which makes its type no part of the interface. */
+#define QZ_OUT_OF_REACH
+#endif
+
 #endif

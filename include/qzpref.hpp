@@ -194,7 +194,7 @@ private:
 
     QZPREF_PRODUCTS product_;
     QZPREF_PLATFORM os_attribute_;
-    std::shared_ptr<qz::pref::StoreSession> settings_;
+    QZ_OUT_OF_REACH std::shared_ptr<qz::pref::StoreSession> settings_;
 };
 
 namespace halcyra {
@@ -350,7 +350,7 @@ public:
 
 private:
     struct Layers;
-    std::unique_ptr<Layers> layers_;
+    QZ_OUT_OF_REACH std::unique_ptr<Layers> layers_;
 };
 
 /** Name of a product, the base name of its preference file; empty for a number that is none. */
