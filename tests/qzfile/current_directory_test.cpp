@@ -71,10 +71,14 @@ TEST_F(CurrentDirectory, RemovedMeanwhile)
 {
     touch("x.dat");
     qzfile_path_set(root_.string().c_str());
-    if (!lose_working_directory())
-        GTEST_SKIP() << "this system keeps a directory that someone works in";
     char *out = nullptr;
     FILE *stream = nullptr;
+    if (!lose_working_directory()) {
+        // This system keeps a directory that someone works in.
+        EXPECT_EQ(qzfile_open("x.dat", &stream, "r"), 0);
+        EXPECT_EQ(qzfile_close(stream), 0);
+        return;
+    }
     const std::string got = "FATAL qzfile_dir_current_get: current_path No such file or directory";
 
     const struct {

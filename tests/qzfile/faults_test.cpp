@@ -1,15 +1,12 @@
 // Calls that fail when they are told to. The linker puts the functions below in the place of the
-// runtime's, and of the question for the system's folders, for the library's objects and for the
-// test.
+// runtime's, for the library's objects and for the test.
 
-#include "platform/shell_folders.h"
 #include "qzfile/fault_scene.h"
 
 #include <gtest/gtest.h>
 
 #include <cerrno>
 #include <cstdio>
-#include <optional>
 #include <string>
 
 using scene::Countdown;
@@ -20,14 +17,8 @@ namespace {
 
 Countdown fopen_fault, fdopen_fault, fchmod_fault, fwrite_fault, ferror_fault, fclose_fault,
     rename_fault;
-bool has_folders = true;
 
 } // namespace
-
-std::optional<std::string> qz::platform::shell_folder(ShellFolder, MissingFolder)
-{
-    return has_folders ? std::optional<std::string>(".") : std::nullopt;
-}
 
 extern "C" {
 
@@ -125,34 +116,4 @@ TEST_F(Faults, AConversionThatFailsChangesNothing)
         EXPECT_EQ(messages.text(), c.message);
         EXPECT_FALSE(is_there(std::string(kName) + ".tmp"));
     }
-}
-
-TEST_F(Faults, AFolderThatTheSystemDoesNotTellIsSaid)
-{
-    const std::string local = "halcyra_local_appdata_dir: Unable to get local appdata";
-    const std::string temp = "get_halcyra_temp: Unable to get local appdata";
-
-    const struct {
-        int (*function)(char **);
-        std::string said;
-    } cases[] = {
-        {qzfile_halcyra_appdata_dir,       "halcyra_appdata_dir: Unable to get appdata"             },
-        {qzfile_halcyra_local_appdata_dir, local                                                    },
-        {qzfile_halcyra_userdata_dir,      "halcyra_userdata_dir: Unable to get userdata"           },
-        {qzfile_get_halcyra_temp,          local + " directory\nWARNING qzfile_" + temp             },
-        {qzfile_get_desktop_dir,           "get_desktop_dir: Unable to get desktop"                 },
-        {qzfile_get_mydocuments_dir,       "halcyra_mydocuments_dir: Unable to get my documents"    },
-        {qzfile_get_mynetworkplaces_dir,   "halcyra_mynetworkplaces_dir: Unable to get my documents"},
-    };
-
-    has_folders = false;
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.said);
-        Messages messages;
-        char *out = nullptr;
-        EXPECT_EQ(c.function(&out), -1);
-        EXPECT_EQ(out, nullptr);
-        EXPECT_EQ(messages.text(), "WARNING qzfile_" + c.said + " directory\n");
-    }
-    has_folders = true;
 }

@@ -1,0 +1,46 @@
+// An account without the folders that the system keeps for it: the function below stands in the
+// place of the question for them.
+
+#include "platform/shell_folders.h"
+#include "qzfile/scene.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+
+using scene::Messages;
+using MissingFolders = scene::Scene;
+
+std::optional<std::string> qz::platform::shell_folder(ShellFolder, MissingFolder)
+{
+    return std::nullopt;
+}
+
+TEST_F(MissingFolders, AreSaid)
+{
+    const std::string local = "halcyra_local_appdata_dir: Unable to get local appdata";
+    const std::string temp = "get_halcyra_temp: Unable to get local appdata";
+
+    const struct {
+        int (*function)(char **);
+        std::string said;
+    } cases[] = {
+        {qzfile_halcyra_appdata_dir,       "halcyra_appdata_dir: Unable to get appdata"             },
+        {qzfile_halcyra_local_appdata_dir, local                                                    },
+        {qzfile_halcyra_userdata_dir,      "halcyra_userdata_dir: Unable to get userdata"           },
+        {qzfile_get_halcyra_temp,          local + " directory\nWARNING qzfile_" + temp             },
+        {qzfile_get_desktop_dir,           "get_desktop_dir: Unable to get desktop"                 },
+        {qzfile_get_mydocuments_dir,       "halcyra_mydocuments_dir: Unable to get my documents"    },
+        {qzfile_get_mynetworkplaces_dir,   "halcyra_mynetworkplaces_dir: Unable to get my documents"},
+    };
+
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.said);
+        Messages messages;
+        char *out = nullptr;
+        EXPECT_EQ(c.function(&out), -1);
+        EXPECT_EQ(out, nullptr);
+        EXPECT_EQ(messages.text(), "WARNING qzfile_" + c.said + " directory\n");
+    }
+}
