@@ -148,8 +148,9 @@ QZ_API int qzfile_path_is_absolute(const char *path);
  *
  * @param path  The path, ended by a NUL.
  * @param size  Bytes of @p path; only compared with 2.
- * @return 0; -1 when @p path is null or "" or @p size is below 2. Any number of threads may call
- * it.
+ * @return 0; -1 when @p path is null or "" or @p size is below 2.
+ *
+ * Any number of threads may call it.
  */
 QZ_API int qzfile_path_localize(char *path, int size);
 
@@ -158,8 +159,9 @@ QZ_API int qzfile_path_localize(char *path, int size);
  *
  * @param path  The path, ended by a NUL.
  * @param size  Bytes of @p path; only compared with 2.
- * @return 0; -1 when @p path is null or "" or @p size is below 2. Any number of threads may call
- * it.
+ * @return 0; -1 when @p path is null or "" or @p size is below 2.
+ *
+ * Any number of threads may call it.
  */
 QZ_API int qzfile_path_to_unix(char *path, int size);
 
@@ -496,8 +498,7 @@ QZ_API int qzfile_is_dosfile(const char *path);
  *
  * The result is written beside the file as @p path and ".tmp", instead of a file that has this
  * name, and takes its place in one step, with its permissions: a failure leaves the file as it was
- * and no
- * ".tmp". A link goes on to name the file, beside which the result is written then.
+ * and no ".tmp". A link goes on to name the file, beside which the result is written then.
  *
  * @param path  The file; a relative path begins in the working directory, also when the file is
  *              found on the search path.
@@ -559,8 +560,9 @@ QZ_API int qzfile_md5_filter(unsigned char digest[16]);
  *
  * @param[out] digest  Receives the 16 bytes; all zero unless 1 is returned.
  * @param text         The text.
- * @return 1, unlike the digest of a file; 0 when @p text is null. Any number of threads may call
- * it.
+ * @return 1, unlike the digest of a file; 0 when @p text is null.
+ *
+ * Any number of threads may call it.
  */
 QZ_API int qzfile_md5_string(unsigned char digest[16], const char *text);
 
@@ -641,7 +643,7 @@ QZ_API int qzfile_get_desktop_dir(char **out);
  *
  * @return  0  known;
  *         -1  not: "qzfile_halcyra_mydocuments_dir: Unable to get my documents directory\n"
- * (QZERR_WARNING).
+ *             (QZERR_WARNING).
  */
 QZ_API int qzfile_get_mydocuments_dir(char **out);
 
@@ -652,7 +654,7 @@ QZ_API int qzfile_get_mydocuments_dir(char **out);
  *
  * @return  0  known;
  *         -1  not: "qzfile_halcyra_mynetworkplaces_dir: Unable to get my documents directory\n"
- * (QZERR_WARNING).
+ *             (QZERR_WARNING).
  */
 QZ_API int qzfile_get_mynetworkplaces_dir(char **out);
 

@@ -110,8 +110,8 @@ QZ_API void qzpref_delete(size_t h);
  * Enters a group: later keys are relative to it. An exception that the window function of handler
  * -1 throws about the message passes through, and no group is entered.
  *
- * @param key  One or more components; an empty text or NULL enters nothing and is left all the
- * same.
+ * @param key  One or more components; an empty text or NULL enters nothing, and is left like any
+ *             other.
  * @return ::QZPREF_SUCCESS_; ::QZPREF_INVALID_KEY after "validate_key: Invalid character in the
  *         qzpref key '...'" (QZERR_WARNING on handler -1), and no group is entered.
  */
@@ -140,8 +140,8 @@ QZ_API void qzpref_clear(size_t h);
 
 /**
  * Asks whether the user's file has a value of a type, for this platform or for all.
- * @return ::QZPREF_SUCCESS_ when it has, ::QZPREF_KEY_NOT_FOUND when not, ::QZPREF_FAILURE for type
- * 0.
+ * @return ::QZPREF_SUCCESS_ when it has; ::QZPREF_KEY_NOT_FOUND when not;
+ *         ::QZPREF_FAILURE for type 0.
  */
 QZ_API int qzpref_contains(size_t h, const char *key, QZPREF_TYPE type);
 
