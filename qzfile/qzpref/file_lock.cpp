@@ -9,9 +9,9 @@
 
 #include <cerrno>
 #include <chrono>
+#include <condition_variable>
 #include <map>
 #include <mutex>
-#include <shared_mutex>
 #include <system_error>
 #include <thread>
 
@@ -72,42 +72,38 @@ public:
 
     void lock(Mode mode)
     {
+        std::unique_lock<std::mutex> guard(threads_mutex_);
         if (mode == Mode::Exclusive) {
-            threads_.lock();
+            released_.wait(guard, [this] { return !has_writer_ && readers_ == 0; });
+            has_writer_ = true;
+            guard.unlock();
             try {
                 patiently([this] { file_.lock(); });
             } catch (...) {
-                threads_.unlock();
+                end_writing();
                 throw;
             }
             return;
         }
-        threads_.lock_shared();
-        try {
-            // The program holds one shared lock for all its threads.
-            const std::lock_guard<std::mutex> guard(readers_mutex_);
-            if (readers_ == 0)
-                patiently([this] { file_.lock_sharable(); });
-            ++readers_;
-        } catch (...) {
-            threads_.unlock_shared();
-            throw;
-        }
+        released_.wait(guard, [this] { return !has_writer_; });
+        // The program holds one shared lock for all its threads.
+        if (readers_ == 0)
+            patiently([this] { file_.lock_sharable(); });
+        ++readers_;
     }
 
     void unlock(Mode mode)
     {
         if (mode == Mode::Exclusive) {
             file_.unlock();
-            threads_.unlock();
+            end_writing();
             return;
         }
-        {
-            const std::lock_guard<std::mutex> guard(readers_mutex_);
-            if (--readers_ == 0)
-                file_.unlock_sharable();
+        const std::lock_guard<std::mutex> guard(threads_mutex_);
+        if (--readers_ == 0) {
+            file_.unlock_sharable();
+            released_.notify_all();
         }
-        threads_.unlock_shared();
     }
 
 private:
@@ -122,6 +118,13 @@ private:
     {
         static auto *const entries = new std::map<std::string, std::unique_ptr<Entry>>;
         return *entries;
+    }
+
+    void end_writing()
+    {
+        const std::lock_guard<std::mutex> guard(threads_mutex_);
+        has_writer_ = false;
+        released_.notify_all();
     }
 
     /// Calls again after a signal, and after a deadlock that is none: the system takes all threads
@@ -146,9 +149,11 @@ private:
     std::string path_;
     int borrowers_ = 0; // guarded by the table's mutex
     boost::interprocess::file_lock file_;
-    std::shared_mutex threads_;
-    std::mutex readers_mutex_;
+    // The threads of this program; std::shared_mutex of mingw-w64 lets readers in beside a writer.
+    std::mutex threads_mutex_;
+    std::condition_variable released_;
     int readers_ = 0;
+    bool has_writer_ = false;
 };
 
 FileLock::FileLock(const QString &path, Mode mode) : path_(path), mode_(mode) {}
