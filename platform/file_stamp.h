@@ -10,7 +10,7 @@ namespace qz::platform {
 struct FileStamp {
     bool exists = false;
     std::int64_t size_bytes = 0;
-    std::int64_t changed_ns = 0; ///< time of the last change, in nanoseconds of the system's epoch
+    std::int64_t changed_ns = 0; ///< time of the last change, in nanoseconds since 1970
     std::uint64_t identity = 0;  ///< the file system's number of the file
 
     friend bool operator==(const FileStamp &a, const FileStamp &b)
@@ -19,6 +19,10 @@ struct FileStamp {
                a.changed_ns == b.changed_ns && a.identity == b.identity;
     }
 };
+
+/// How far the time of change moves on when a file is replaced: the first step is what a reader that
+/// compares milliseconds sees, the second is for file systems that keep only every second second.
+constexpr std::int64_t kStampSteps_ns[] = {1'000'000, 4'000'000'000};
 
 /// The stamp of @p native_path, links followed; exists is false when nothing can be found there.
 FileStamp file_stamp(const std::string &native_path);

@@ -12,9 +12,6 @@ namespace qz::platform {
 namespace {
 
 constexpr std::int64_t kNanosecondsPerSecond = 1'000'000'000;
-// The first step is what a reader that compares milliseconds sees; the second is for file systems
-// that keep only every second second.
-constexpr std::int64_t kSteps_ns[] = {1'000'000, 4 * kNanosecondsPerSecond};
 
 int retry_interrupted(int (*call)(int, int), int fd, int argument)
 {
@@ -46,10 +43,10 @@ int move_stamp_past(int fd, std::int64_t replaced_ns)
 {
     struct stat info {};
 
-    for (const std::int64_t step : kSteps_ns) {
+    for (const std::int64_t step : kStampSteps_ns) {
         if (::fstat(fd, &info) != 0)
             return errno;
-        if (changed_ns(info) - replaced_ns >= kSteps_ns[0])
+        if (changed_ns(info) - replaced_ns >= kStampSteps_ns[0])
             return 0;
         const std::int64_t wanted = replaced_ns + step;
         const timespec times[2] = {

@@ -1,5 +1,7 @@
 #include "platform/file_stamp.h"
 
+#include "platform/windows/file_time.h"
+
 #include <string_view>
 
 #include <windows.h>
@@ -27,12 +29,9 @@ FileStamp file_stamp(const std::string &native_path)
     FileStamp stamp;
     if (GetFileInformationByHandle(file, &info)) {
         const auto joined = [](DWORD high, DWORD low) { return (std::uint64_t{high} << 32) | low; };
-        constexpr std::int64_t kNanosecondsPerTick = 100;
         stamp.exists = true;
         stamp.size_bytes = static_cast<std::int64_t>(joined(info.nFileSizeHigh, info.nFileSizeLow));
-        stamp.changed_ns = static_cast<std::int64_t>(joined(info.ftLastWriteTime.dwHighDateTime,
-                                                            info.ftLastWriteTime.dwLowDateTime)) *
-                           kNanosecondsPerTick;
+        stamp.changed_ns = ns_since_1970(info.ftLastWriteTime);
         stamp.identity = joined(info.nFileIndexHigh, info.nFileIndexLow);
     }
     CloseHandle(file);

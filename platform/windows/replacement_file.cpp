@@ -2,6 +2,7 @@
 
 #include "platform/windows/access_list.h"
 #include "platform/windows/errno_from_windows.h"
+#include "platform/windows/file_time.h"
 
 #include <algorithm>
 #include <cstring>
@@ -74,6 +75,22 @@ std::vector<unsigned char> rename_request(const std::string &to)
     return request;
 }
 
+/// Moves the file's time of change past that of the file it replaces.
+DWORD move_stamp_past(HANDLE file, std::int64_t replaced_ns)
+{
+    for (const std::int64_t step : kStampSteps_ns) {
+        FILETIME changed{};
+        if (!GetFileTime(file, nullptr, nullptr, &changed))
+            return GetLastError();
+        if (ns_since_1970(changed) - replaced_ns >= kStampSteps_ns[0])
+            break;
+        const FILETIME moved = file_time(replaced_ns + step);
+        if (!SetFileTime(file, nullptr, nullptr, &moved))
+            return GetLastError();
+    }
+    return ERROR_SUCCESS;
+}
+
 HANDLE handle_of(std::intptr_t handle)
 {
     return reinterpret_cast<HANDLE>(handle);
@@ -94,9 +111,9 @@ int ReplacementFile::open(const std::string &native_target)
     target_ = native_target;
     side_ = target_ + ".new";
     HANDLE file = INVALID_HANDLE_VALUE;
-    // DELETE is the right to rename.
+    // DELETE is the right to rename, and the stamp is read back.
     const auto open_side = [&] {
-        return opened(side_, GENERIC_WRITE | DELETE, 0, CREATE_ALWAYS, file);
+        return opened(side_, GENERIC_WRITE | FILE_READ_ATTRIBUTES | DELETE, 0, CREATE_ALWAYS, file);
     };
     if (const DWORD error = patiently(kTriesForWriters, open_side, is_shared_badly))
         return errno_from_windows(error);
@@ -136,19 +153,8 @@ int ReplacementFile::commit()
     if (replaced.exists) {
         AccessList list = access_list(target_);
         set_access_list(side_, list);
-    }
-    FILETIME now{};
-    GetSystemTimeAsFileTime(&now);
-    constexpr std::int64_t kTicksPerMillisecond = 10'000;
-    constexpr std::int64_t kNanosecondsPerTick = 100;
-    ULARGE_INTEGER stamp{};
-    stamp.LowPart = now.dwLowDateTime;
-    stamp.HighPart = now.dwHighDateTime;
-    const std::int64_t earliest = replaced.changed_ns / kNanosecondsPerTick + kTicksPerMillisecond;
-    if (replaced.exists && static_cast<std::int64_t>(stamp.QuadPart) < earliest) {
-        stamp.QuadPart = static_cast<ULONGLONG>(earliest);
-        const FILETIME moved = {stamp.LowPart, stamp.HighPart};
-        SetFileTime(handle_of(handle_), nullptr, nullptr, &moved);
+        if (const DWORD error = move_stamp_past(handle_of(handle_), replaced.changed_ns))
+            return errno_from_windows(error);
     }
     if (!FlushFileBuffers(handle_of(handle_)))
         return errno_from_windows(GetLastError());
