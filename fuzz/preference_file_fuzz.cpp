@@ -21,8 +21,9 @@ std::string shown(const Document &document)
 {
     std::string text;
     document.for_each_below("", [&](const Document::Entry &entry) {
-        text += entry.key + "\x01" + entry.record.value() + "\x01" + entry.record.comment();
-        entry.record.for_each_attribute([&](std::string_view name, std::string_view value) {
+        text.append(entry.key()) +=
+            "\x01" + entry.record().value() + "\x01" + entry.record().comment();
+        entry.record().for_each_attribute([&](std::string_view name, std::string_view value) {
             text.append("\x02").append(name).append("=").append(value);
         });
         text += "\n";
@@ -35,9 +36,9 @@ bool comes_back_unchanged(const Document &document)
 {
     bool plain = true;
     document.for_each_below("", [&](const Document::Entry &entry) {
-        plain = plain && entry.record.comment().find("--") == std::string::npos &&
-                (entry.record.comment().empty() || entry.record.comment().back() != '-') &&
-                entry.record.comment().find('\r') == std::string::npos;
+        plain = plain && entry.record().comment().find("--") == std::string::npos &&
+                (entry.record().comment().empty() || entry.record().comment().back() != '-') &&
+                entry.record().comment().find('\r') == std::string::npos;
     });
     return plain;
 }
@@ -64,7 +65,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         std::string written;
         PreferenceWriter writer(written);
         parsed.for_each_below(
-            "", [&](const Document::Entry &entry) { writer.write(entry.key, entry.record); });
+            "", [&](const Document::Entry &entry) { writer.write(entry.key(), entry.record()); });
         writer.finish();
         Document again;
         require(read_preferences(QByteArray::fromStdString(written), again));

@@ -46,60 +46,45 @@ bool KeyOrder::operator()(std::string_view a, std::string_view b) const
     return ca < cb;
 }
 
-std::size_t Document::Hash::operator()(std::string_view base) const
-{
-    return absl::Hash<std::string_view>()(base);
-}
-
-std::size_t Document::Hash::operator()(std::uint32_t id) const
-{
-    return (*this)(base_key((*entries)[id].key));
-}
-
-bool Document::Equal::operator()(std::uint32_t a, std::uint32_t b) const
-{
-    return a == b || (*this)(a, base_key((*entries)[b].key));
-}
-
-bool Document::Equal::operator()(std::uint32_t id, std::string_view base) const
-{
-    return base_key((*entries)[id].key) == base;
-}
+Document::Wanted::Wanted(std::string_view key)
+    : base(base_key(key)), hash(static_cast<std::uint32_t>(absl::Hash<std::string_view>()(base)))
+{}
 
 Document::Document()
     : entries_(std::make_unique<Entries>(1)),
       preferences_(0, Hash{entries_.get()}, Equal{entries_.get()})
 {}
 
-std::uint32_t Document::first_of(std::string_view base) const
+std::uint32_t Document::first_of(const Wanted &wanted) const
 {
-    const auto found = preferences_.find(base);
+    const auto found = preferences_.find(wanted);
     return found == preferences_.end() ? kNoEntry : *found;
 }
 
-std::uint32_t Document::id_of(std::string_view key) const
+std::uint32_t Document::id_of(std::string_view key, const Wanted &wanted) const
 {
-    std::uint32_t id = first_of(base_key(key));
-    while (id != kNoEntry && (*entries_)[id].key != key)
-        id = (*entries_)[id].next_variant;
+    std::uint32_t id = first_of(wanted);
+    while (id != kNoEntry && (*entries_)[id].key() != key)
+        id = (*entries_)[id].next_variant_;
     return id;
 }
 
 const KeyRecord *Document::find(std::string_view key) const
 {
-    const std::uint32_t id = id_of(key);
-    return id == kNoEntry ? nullptr : &(*entries_)[id].record;
+    const std::uint32_t id = id_of(key, Wanted(key));
+    return id == kNoEntry ? nullptr : &(*entries_)[id].record_;
 }
 
 Variants Document::variants(std::string_view key) const
 {
     Variants result;
-    if (key.find(':') == std::string_view::npos) {
-        for (std::uint32_t id = first_of(key); id != kNoEntry;) {
+    const Wanted wanted(key);
+    if (wanted.base.size() == key.size()) {
+        for (std::uint32_t id = first_of(wanted); id != kNoEntry;) {
             const Entry &entry = (*entries_)[id];
-            if (entry.variant >= 0)
-                result.records_[static_cast<std::size_t>(entry.variant)] = &entry.record;
-            id = entry.next_variant;
+            if (entry.variant_ >= 0)
+                result.records_[static_cast<std::size_t>(entry.variant_)] = &entry.record_;
+            id = entry.next_variant_;
         }
         return result;
     }
@@ -111,7 +96,7 @@ Variants Document::variants(std::string_view key) const
     return result;
 }
 
-std::uint32_t Document::make_entry(std::string_view key)
+std::uint32_t Document::make_entry(std::string_view key, const Wanted &wanted)
 {
     std::uint32_t id = 0;
     if (free_.empty()) {
@@ -122,45 +107,47 @@ std::uint32_t Document::make_entry(std::string_view key)
         free_.pop_back();
     }
     Entry &entry = (*entries_)[id];
-    entry.key.assign(key);
-    const std::string_view base = base_key(key);
-    entry.variant = static_cast<std::int8_t>(variant_index(key.substr(base.size())));
+    entry.key_.assign(key.begin(), key.end());
+    entry.base_bytes_ = static_cast<std::uint32_t>(wanted.base.size());
+    entry.base_hash_ = wanted.hash;
+    entry.variant_ = static_cast<std::int8_t>(variant_index(key.substr(wanted.base.size())));
     const auto [first, is_new] = preferences_.insert(id);
     if (!is_new) {
         Entry &head = (*entries_)[*first];
-        entry.next_variant = head.next_variant;
-        head.next_variant = id;
+        entry.next_variant_ = head.next_variant_;
+        head.next_variant_ = id;
     }
     return id;
 }
 
 void Document::set(std::string_view key, KeyRecord record)
 {
-    std::uint32_t id = id_of(key);
+    const Wanted wanted(key);
+    std::uint32_t id = id_of(key, wanted);
     if (id == kNoEntry) {
-        id = make_entry(key);
+        id = make_entry(key, wanted);
         // A file comes in order, so most keys go behind all others.
         if (unordered_.empty() && (order_.empty() || comes_before(order_.back(), id)))
             order_.push_back(id);
         else
             unordered_.push_back(id);
     }
-    (*entries_)[id].record = std::move(record);
+    (*entries_)[id].record_ = std::move(record);
 }
 
 void Document::unlink(std::uint32_t id)
 {
     Entry &entry = (*entries_)[id];
-    const std::uint32_t first = first_of(base_key(entry.key));
+    const std::uint32_t first = first_of(Wanted(entry.key()));
     if (first == id) {
         preferences_.erase(id);
-        if (entry.next_variant != kNoEntry)
-            preferences_.insert(entry.next_variant);
+        if (entry.next_variant_ != kNoEntry)
+            preferences_.insert(entry.next_variant_);
     } else {
         std::uint32_t before = first;
-        while ((*entries_)[before].next_variant != id)
-            before = (*entries_)[before].next_variant;
-        (*entries_)[before].next_variant = entry.next_variant;
+        while ((*entries_)[before].next_variant_ != id)
+            before = (*entries_)[before].next_variant_;
+        (*entries_)[before].next_variant_ = entry.next_variant_;
     }
     entry = Entry();
     free_.push_back(id);
@@ -171,11 +158,11 @@ std::size_t Document::remove(const std::vector<std::string> &keys)
     settle();
     std::vector<std::uint32_t> doomed;
     for (const std::string &key : keys) {
-        if (const std::uint32_t id = id_of(key))
+        if (const std::uint32_t id = id_of(key, Wanted(key)))
             doomed.push_back(id);
     }
     if (doomed.size() == 1) {
-        const std::size_t place = lower_bound((*entries_)[doomed[0]].key);
+        const std::size_t place = lower_bound((*entries_)[doomed[0]].key());
         order_.erase(order_.begin() + static_cast<std::ptrdiff_t>(place));
     } else if (!doomed.empty()) {
         std::sort(doomed.begin(), doomed.end());
@@ -193,7 +180,7 @@ std::size_t Document::remove(const std::vector<std::string> &keys)
 
 bool Document::comes_before(std::uint32_t a, std::uint32_t b) const
 {
-    return KeyOrder()((*entries_)[a].key, (*entries_)[b].key);
+    return KeyOrder()((*entries_)[a].key(), (*entries_)[b].key());
 }
 
 void Document::settle()
@@ -217,15 +204,17 @@ std::size_t Document::lower_bound(std::string_view key) const
 {
     const auto found = std::lower_bound(order_.begin(), order_.end(), key,
                                         [this](std::uint32_t id, std::string_view wanted) {
-                                            return KeyOrder()((*entries_)[id].key, wanted);
+                                            return KeyOrder()((*entries_)[id].key(), wanted);
                                         });
     return static_cast<std::size_t>(found - order_.begin());
 }
 
-const std::string *Document::first_from(std::string_view key) const
+std::optional<std::string_view> Document::first_from(std::string_view key) const
 {
     const std::size_t place = lower_bound(key);
-    return place == order_.size() ? nullptr : &(*entries_)[order_[place]].key;
+    if (place == order_.size())
+        return std::nullopt;
+    return (*entries_)[order_[place]].key();
 }
 
 std::string suffixed_key(std::string_view key, QZPREF_PLATFORM platform)

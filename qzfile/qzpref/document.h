@@ -4,11 +4,13 @@
 #include "qzfile/qzpref/key_record.h"
 
 #include <absl/container/flat_hash_set.h>
+#include <absl/container/inlined_vector.h>
+#include <boost/container/deque.hpp>
 
 #include <array>
 #include <cstdint>
-#include <deque>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -53,14 +55,25 @@ private:
 /// Not locked: whoever shares a document guards it. A settled one may be read by all.
 class Document {
 public:
-    struct Entry {
-        std::string key;
-        KeyRecord record;
+    class Entry {
+    public:
+        std::string_view key() const { return {key_.data(), key_.size()}; }
+
+        const KeyRecord &record() const { return record_; }
 
     private:
         friend class Document;
-        std::uint32_t next_variant = 0; // next entry of the same preference, 0 for none
-        std::int8_t variant = -1;       // place among its Variants, -1 when no lookup asks for it
+
+        std::string_view base() const { return {key_.data(), base_bytes_}; }
+
+        // Most keys lie in the entry itself: among 100,000 of them a lookup is as slow as the
+        // number of places in memory it touches.
+        absl::InlinedVector<char, 56> key_;
+        KeyRecord record_;
+        std::uint32_t base_bytes_ = 0;   // length of the key without its platform suffix
+        std::uint32_t base_hash_ = 0;    // kept, so that the index grows without the keys
+        std::uint32_t next_variant_ = 0; // next entry of the same preference, 0 for none
+        std::int8_t variant_ = -1;       // place among its Variants, -1 when no lookup asks for it
     };
 
     Document();
@@ -92,40 +105,54 @@ public:
     {
         for (std::size_t i = lower_bound(prefix); i < order_.size(); ++i) {
             const Entry &entry = (*entries_)[order_[i]];
-            if (std::string_view(entry.key).substr(0, prefix.size()) != prefix)
+            if (entry.key().substr(0, prefix.size()) != prefix)
                 return;
             visit(entry);
         }
     }
 
-    /// The first key that is not before @p key in order; NULL behind the last.
-    const std::string *first_from(std::string_view key) const;
+    /// The first key that is not before @p key in order; nothing behind the last.
+    std::optional<std::string_view> first_from(std::string_view key) const;
 
 private:
-    using Entries = std::deque<Entry>;
+    // Entries stay where they are; the blocks are large, so that finding one costs nothing.
+    using Entries = boost::container::deque<
+        Entry, void, boost::container::deque_options_t<boost::container::block_size<64u>>>;
 
-    // Preferences are found by the base key of the first of their entries.
+    /// The base key that a preference is found by, with its hash.
+    struct Wanted {
+        explicit Wanted(std::string_view key);
+        std::string_view base;
+        std::uint32_t hash;
+    };
+
     struct Hash {
         using is_transparent = void;
         const Entries *entries;
-        std::size_t operator()(std::string_view base) const;
-        std::size_t operator()(std::uint32_t id) const;
+
+        std::size_t operator()(const Wanted &wanted) const { return wanted.hash; }
+
+        std::size_t operator()(std::uint32_t id) const { return (*entries)[id].base_hash_; }
     };
 
     struct Equal {
         using is_transparent = void;
         const Entries *entries;
 
-        bool operator()(std::uint32_t a, std::uint32_t b) const;
+        bool operator()(std::uint32_t a, std::uint32_t b) const
+        {
+            return a == b || (*entries)[a].base() == (*entries)[b].base();
+        }
 
-        bool operator()(std::uint32_t id, std::string_view base) const;
-
-        bool operator()(std::string_view base, std::uint32_t id) const { return (*this)(id, base); }
+        bool operator()(std::uint32_t id, const Wanted &wanted) const
+        {
+            return (*entries)[id].base() == wanted.base;
+        }
     };
 
-    std::uint32_t id_of(std::string_view key) const;
-    std::uint32_t first_of(std::string_view base) const;
-    std::uint32_t make_entry(std::string_view key);
+    std::uint32_t id_of(std::string_view key, const Wanted &wanted) const;
+    std::uint32_t first_of(const Wanted &wanted) const;
+    std::uint32_t make_entry(std::string_view key, const Wanted &wanted);
     void unlink(std::uint32_t id);
     std::size_t lower_bound(std::string_view key) const;
     bool comes_before(std::uint32_t a, std::uint32_t b) const;

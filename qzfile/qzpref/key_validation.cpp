@@ -73,16 +73,28 @@ bool is_xml_text(std::string_view utf8)
     return true;
 }
 
+void append_normalized_key(std::string &text, std::string_view key)
+{
+    // Nearly every key is normal already, and this stands before every lookup.
+    const bool is_normal = key.empty() || (key.front() != '/' && key.back() != '/' &&
+                                           key.find("//") == std::string_view::npos);
+    if (is_normal) {
+        text += key;
+        return;
+    }
+    const std::size_t start = text.size();
+    for (const char c : key) {
+        if (c != '/' || (text.size() > start && text.back() != '/'))
+            text += c;
+    }
+    if (text.size() > start && text.back() == '/')
+        text.pop_back();
+}
+
 std::string normalized_key(std::string_view key)
 {
     std::string normalized;
-    normalized.reserve(key.size());
-    for (const char c : key) {
-        if (c != '/' || (!normalized.empty() && normalized.back() != '/'))
-            normalized += c;
-    }
-    if (!normalized.empty() && normalized.back() == '/')
-        normalized.pop_back();
+    append_normalized_key(normalized, key);
     return normalized;
 }
 

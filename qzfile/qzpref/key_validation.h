@@ -23,6 +23,8 @@ bool is_xml_text(std::string_view utf8);
 
 /// The spelling under which a key is kept: no empty components, no '/' at either end.
 std::string normalized_key(std::string_view key);
+/// Appends that spelling of @p key to @p text.
+void append_normalized_key(std::string &text, std::string_view key);
 
 } // namespace qz::pref
 

@@ -43,11 +43,10 @@ private:
     void collect_from(const Document &layer, const Document &user, const FallbackLayers &fallbacks)
     {
         layer.for_each_below(prefix_, [&](const Document::Entry &entry) {
-            const std::string &key = entry.key;
+            const std::string_view key = entry.key();
             any_key_ = true;
             // All platform forms of a preference give one answer, whichever layer lists them.
-            const std::string_view base =
-                std::string_view(key).substr(0, key.find(':', prefix_.size()));
+            const std::string_view base = key.substr(0, key.find(':', prefix_.size()));
             if (seen_.insert(base).second)
                 take(base, variants_in_layers(user, fallbacks, base));
         });
@@ -99,16 +98,16 @@ std::set<std::string, KeyOrder> child_groups(const Document &document, const std
 {
     const std::string prefix = prefix_of(group);
     std::set<std::string, KeyOrder> names;
-    const std::string *key = document.first_from(prefix);
-    while (key && key->compare(0, prefix.size(), prefix) == 0) {
+    std::optional<std::string_view> key = document.first_from(prefix);
+    while (key && key->substr(0, prefix.size()) == prefix) {
         const std::size_t slash = key->find('/', prefix.size());
         if (slash == std::string::npos) {
-            key = document.first_from(*key + '\0');
+            key = document.first_from(std::string(*key) + '\0');
             continue;
         }
-        names.insert(key->substr(prefix.size(), slash - prefix.size()));
+        names.emplace(key->substr(prefix.size(), slash - prefix.size()));
         // On to the first key behind the whole group: '0' is the character after '/'.
-        key = document.first_from(key->substr(0, slash) + '0');
+        key = document.first_from(std::string(key->substr(0, slash)) + '0');
     }
     return names;
 }

@@ -50,6 +50,6 @@ void QZPREF::loadFromRelease(const std::string &release)
     if (!PreferenceFile(path).exists() || read_document(path, old))
         return;
     old.for_each_below("", [this](const Document::Entry &entry) {
-        settings_->file->adopt(entry.key, entry.record);
+        settings_->file->adopt(std::string(entry.key()), entry.record());
     });
 }

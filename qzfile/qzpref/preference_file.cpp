@@ -36,7 +36,7 @@ std::string to_text(Document &document)
     PreferenceWriter writer(text);
     document.settle();
     document.for_each_below(
-        "", [&writer](const Document::Entry &entry) { writer.write(entry.key, entry.record); });
+        "", [&writer](const Document::Entry &entry) { writer.write(entry.key(), entry.record()); });
     writer.finish();
     return text;
 }
@@ -183,7 +183,7 @@ void PreferenceFile::clear()
     const std::lock_guard<std::mutex> guard(mutex_);
     document_.settle();
     document_.for_each_below("", [this](const Document::Entry &entry) {
-        changes_.insert_or_assign(entry.key, Change::Removed);
+        changes_.insert_or_assign(std::string(entry.key()), Change::Removed);
     });
     document_ = Document();
 }

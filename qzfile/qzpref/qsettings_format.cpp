@@ -43,7 +43,7 @@ bool readXmlFile(QIODevice &device, QSettings::SettingsMap &map)
     qz::pref::Document document;
     const bool well_formed = qz::pref::read_preferences(device.readAll(), document);
     document.for_each_below("", [&map](const qz::pref::Document::Entry &entry) {
-        map.insert(to_qstring(entry.key), to_variant_map(entry.record));
+        map.insert(to_qstring(entry.key()), to_variant_map(entry.record()));
     });
     return well_formed;
 }

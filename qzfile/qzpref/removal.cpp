@@ -16,8 +16,8 @@ int QZPREF::removeKey(const std::string &key, QZPREF_TYPE type)
     const std::string prefix = full_key == bare_key ? bare_key : full_key + '/';
     std::vector<std::string> doomed;
     settings_->file->read_in_order([&](const Document &user) {
-        user.for_each_below(prefix,
-                            [&](const Document::Entry &entry) { doomed.push_back(entry.key); });
+        user.for_each_below(
+            prefix, [&](const Document::Entry &entry) { doomed.emplace_back(entry.key()); });
     });
     const int count = static_cast<int>(doomed.size());
     doomed.push_back(full_key);

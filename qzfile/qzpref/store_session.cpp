@@ -42,7 +42,11 @@ std::string GroupStack::path() const
 
 std::string GroupStack::full_key(std::string_view key) const
 {
-    return prefix_ + normalized_key(key);
+    std::string full;
+    full.reserve(prefix_.size() + key.size());
+    full += prefix_;
+    append_normalized_key(full, key);
+    return full;
 }
 
 void AutoSave::request()

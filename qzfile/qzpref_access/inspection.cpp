@@ -132,7 +132,7 @@ struct Inspection::Layers {
             prefix += '/';
         for (const Snapshot &layer : all) {
             layer.document.for_each_below(
-                prefix, [&](const Document::Entry &entry) { visit(entry.key, prefix.size()); });
+                prefix, [&](const Document::Entry &entry) { visit(entry.key(), prefix.size()); });
         }
     }
 
@@ -186,8 +186,8 @@ Explanation Inspection::explain(const std::string &key) const
 std::vector<ListedKey> Inspection::list(const std::string &group) const
 {
     std::set<std::string, KeyOrder> keys;
-    layers_->for_each_key(group, [&](const std::string &key, std::size_t prefix) {
-        keys.insert(key.substr(0, key.find(':', prefix)));
+    layers_->for_each_key(group, [&](std::string_view key, std::size_t prefix) {
+        keys.emplace(key.substr(0, key.find(':', prefix)));
     });
     std::vector<ListedKey> listed;
     for (const std::string &key : keys) {
@@ -212,10 +212,10 @@ std::vector<ListedKey> Inspection::list(const std::string &group) const
 std::vector<std::string> Inspection::groups(const std::string &group) const
 {
     std::set<std::string, KeyOrder> groups;
-    layers_->for_each_key(group, [&](const std::string &key, std::size_t prefix) {
-        for (std::size_t slash = key.find('/', prefix); slash != std::string::npos;
+    layers_->for_each_key(group, [&](std::string_view key, std::size_t prefix) {
+        for (std::size_t slash = key.find('/', prefix); slash != std::string_view::npos;
              slash = key.find('/', slash + 1))
-            groups.insert(key.substr(0, slash));
+            groups.emplace(key.substr(0, slash));
     });
     return {groups.begin(), groups.end()};
 }

@@ -14,9 +14,9 @@ using namespace std::string_literals;
 
 namespace {
 
-std::string shown(const std::string &key, const KeyRecord &record)
+std::string shown(std::string_view key, const KeyRecord &record)
 {
-    std::string text = key + " =" + record.value();
+    std::string text = std::string(key) + " =" + record.value();
     record.for_each_attribute([&](std::string_view name, std::string_view value) {
         text += " " + std::string(name) + ":" + std::string(value);
     });
@@ -27,7 +27,7 @@ std::string shown(const Document &document)
 {
     std::string text;
     document.for_each_below(
-        "", [&](const Document::Entry &entry) { text += shown(entry.key, entry.record); });
+        "", [&](const Document::Entry &entry) { text += shown(entry.key(), entry.record()); });
     return text;
 }
 
@@ -52,7 +52,7 @@ QByteArray written(const Document &document)
     std::string text;
     PreferenceWriter writer(text);
     document.for_each_below(
-        "", [&](const Document::Entry &entry) { writer.write(entry.key, entry.record); });
+        "", [&](const Document::Entry &entry) { writer.write(entry.key(), entry.record()); });
     writer.finish();
     return QByteArray::fromStdString(text);
 }
@@ -67,7 +67,7 @@ QByteArray written_slowly(const Document &document)
     xml.writeStartElement("ApplicationSettings");
     QStringList open;
     document.for_each_below("", [&](const Document::Entry &entry) {
-        const QString key = QString::fromStdString(entry.key);
+        const QString key = QString::fromStdString(std::string(entry.key()));
         const QStringList components = key.section(':', 0, 0).split('/');
         qsizetype shared = 0;
         while (shared < open.size() - 1 && shared < components.size() - 1 &&
@@ -76,11 +76,11 @@ QByteArray written_slowly(const Document &document)
         for (qsizetype i = open.size(); i > shared; --i)
             xml.writeEndElement();
         for (qsizetype i = shared; i < components.size(); ++i) {
-            if (i + 1 == components.size() && !entry.record.comment().empty())
-                xml.writeComment(QString::fromStdString(entry.record.comment()));
+            if (i + 1 == components.size() && !entry.record().comment().empty())
+                xml.writeComment(QString::fromStdString(entry.record().comment()));
             xml.writeStartElement(components[i]);
         }
-        entry.record.for_each_attribute([&](std::string_view name, std::string_view value) {
+        entry.record().for_each_attribute([&](std::string_view name, std::string_view value) {
             xml.writeAttribute(QString::fromStdString(std::string(name)),
                                QString::fromStdString(std::string(value)));
         });
@@ -88,7 +88,7 @@ QByteArray written_slowly(const Document &document)
             const QString suffix = key.section(':', 1);
             xml.writeAttribute(suffix.section('=', 0, 0), suffix.section('=', 1));
         }
-        xml.writeCharacters(QString::fromStdString(entry.record.value()));
+        xml.writeCharacters(QString::fromStdString(entry.record().value()));
         open = components;
     });
     xml.writeEndDocument();
@@ -372,7 +372,7 @@ TEST(PreferenceDocument, FollowsEveryChange)
             document.settle();
             std::string in_order, expected;
             document.for_each_below(
-                "a", [&](const Document::Entry &entry) { in_order += entry.key + " "; });
+                "a", [&](const Document::Entry &entry) { in_order.append(entry.key()) += " "; });
             for (const auto &[key, value] : model)
                 expected += key[0] == 'a' ? key + " " : "";
             ASSERT_EQ(in_order, expected);
