@@ -31,20 +31,19 @@ std::string shown(const Document &document)
     return text;
 }
 
-/// What reading @p text gives; "!" in front when the reader refuses it.
-std::string read_back(const QByteArray &text)
+using Reader = bool(const QByteArray &, Document &);
+
+/// What @p reader makes of @p text; "!" in front when it refuses the text.
+std::string read_by(Reader &reader, const QByteArray &text)
 {
     Document document;
-    const bool ok = read_preferences(text, document);
+    const bool ok = reader(text, document);
     return (ok ? "" : "!") + shown(document);
 }
 
-/// As read_back(), by the complete parser alone.
-std::string read_slowly(const QByteArray &text)
+std::string read_back(const std::string &text)
 {
-    Document document;
-    const bool ok = read_xml(text, document);
-    return (ok ? "" : "!") + shown(document);
+    return read_by(read_preferences, QByteArray::fromStdString(text));
 }
 
 QByteArray written(const Document &document)
@@ -96,9 +95,7 @@ QByteArray written_slowly(const Document &document)
 }
 
 struct ReadCase {
-    const char *why;
-    const char *elements;
-    const char *expected;
+    const char *why, *elements, *expected;
 };
 
 const ReadCase kReadCases[] = {
@@ -126,37 +123,10 @@ TEST(PreferenceFormat, Reads)
     for (const ReadCase &c : kReadCases) {
         SCOPED_TRACE(c.why);
         const bool cut = std::string(c.why) == "a file cut short";
-        const std::string text = std::string("<ApplicationSettings>") + c.elements +
-                                 (cut ? "" : "</ApplicationSettings>");
-        EXPECT_EQ(read_back(QByteArray::fromStdString(text)), c.expected);
+        const char *const end = cut ? "" : "</ApplicationSettings>";
+        EXPECT_EQ(read_back(std::string("<ApplicationSettings>") + c.elements + end), c.expected);
     }
     EXPECT_NE(log.text().find("! Error parsing XML configuration file"), std::string::npos);
-}
-
-TEST(PreferenceFormat, WritesTheDocumentedLayout)
-{
-    Document document;
-    KeyRecord colour;
-    colour.set_attribute("dt", "QString");
-    colour.set_value("black");
-    colour.set_comment("Window background");
-    document.set("display/colors/background", colour);
-    KeyRecord width;
-    width.set_attribute("dt", "int");
-    width.set_value("3");
-    document.set("display/width:os=linux", width);
-    document.settle();
-    EXPECT_EQ(written(document).toStdString(),
-              "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-              "<ApplicationSettings>\n"
-              "    <display>\n"
-              "        <colors>\n"
-              "            <!--Window background-->\n"
-              "            <background dt=\"QString\">black</background>\n"
-              "        </colors>\n"
-              "        <width dt=\"int\" os=\"linux\">3</width>\n"
-              "    </display>\n"
-              "</ApplicationSettings>\n");
 }
 
 // Whatever keys, values and attributes meet in a file, reading it gives back the same.
@@ -189,47 +159,40 @@ TEST(PreferenceFormat, EveryDocumentReadsBackAsItWas)
         document.settle();
         const QByteArray text = written(document);
         ASSERT_EQ(text.toStdString(), written_slowly(document).toStdString());
-        ASSERT_EQ(read_back(text), shown(document)) << text.toStdString();
-        ASSERT_EQ(read_slowly(text), shown(document)) << text.toStdString();
+        for (Reader *reader : {read_preferences, read_xml})
+            ASSERT_EQ(read_by(*reader, text), shown(document)) << text.toStdString();
     }
 }
 
 TEST(PreferenceFormat, CommentsStayWellFormed)
 {
     for (const char *comment : {"--", "-", "a--b", "---->", "x-"}) {
-        SCOPED_TRACE(comment);
         Document document;
         KeyRecord record;
         record.set_value("1");
         record.set_comment(comment);
         document.set("a", record);
-        const std::string once = read_back(written(document));
-        EXPECT_EQ(once.find("a =1 #"), 0u) << once;
+        const std::string once = read_by(read_preferences, written(document));
+        EXPECT_EQ(once.find("a =1 #"), 0u) << comment << ": " << once;
     }
 }
 
 TEST(PreferenceFormat, SettingsSystemUsesTheSameFormat)
 {
-    QTemporaryDir directory;
+    const QTemporaryDir directory;
     const QString path = directory.filePath("x.xml");
-    {
+    const QVariantMap value{
+        {"dt",    "int"},
+        {"value", "5"  },
+        {"q",     "1"  }
+    };
+    // What could not be read back is refused as a whole; the file stays as it is.
+    for (const auto &[key, status] : {std::pair("g/k:os=linux", QSettings::NoError),
+                                      std::pair("not a name", QSettings::AccessError)}) {
         QSettings settings(path, getQSettingsFormat());
-        settings.setValue("g/k:os=linux", QVariantMap{
-                                              {"dt",    "int"},
-                                              {"value", 5    },
-                                              {"q",     "1"  }
-        });
+        settings.setValue(key, value);
         settings.sync();
-        EXPECT_EQ(settings.status(), QSettings::NoError);
-    }
-    {
-        // What could not be read back is refused as a whole; the file stays as it is.
-        QSettings settings(path, getQSettingsFormat());
-        settings.setValue("not a name", QVariantMap{
-                                            {"value", 5}
-        });
-        settings.sync();
-        EXPECT_NE(settings.status(), QSettings::NoError);
+        EXPECT_EQ(settings.status(), status) << key;
     }
     Document document;
     ASSERT_EQ(read_document(path, document), QZPREF_SUCCESS_);
@@ -237,13 +200,7 @@ TEST(PreferenceFormat, SettingsSystemUsesTheSameFormat)
     // Another name, so that nothing is answered from the settings system's memory.
     const QString copy = directory.filePath("y.xml");
     ASSERT_TRUE(QFile::copy(path, copy));
-    QSettings settings(copy, getQSettingsFormat());
-    const QVariantMap expected{
-        {"dt",    "int"},
-        {"value", "5"  },
-        {"q",     "1"  }
-    };
-    EXPECT_EQ(settings.value("g/k:os=linux").toMap(), expected);
+    EXPECT_EQ(QSettings(copy, getQSettingsFormat()).value("g/k:os=linux").toMap(), value);
 }
 
 // Damage of any kind ends in a report and a code, in time that the size allows.
@@ -258,24 +215,22 @@ TEST(PreferenceFormat, HostileFilesAreRefusedOrRead)
         bomb += "<!ENTITY a" + std::to_string(i) + " '" + inner + inner + inner + inner + "'>";
     }
     bomb += "]><ApplicationSettings><k>&a29;</k></ApplicationSettings>";
-    EXPECT_EQ(read_back(QByteArray::fromStdString("<ApplicationSettings>" + nested)).front(), '!');
-    EXPECT_EQ(read_back(QByteArray::fromStdString(bomb)), "!");
+    EXPECT_EQ(read_back("<ApplicationSettings>" + nested).front(), '!');
+    EXPECT_EQ(read_back(bomb), "!");
 
     const std::string good = "<ApplicationSettings><g><!--c--><k dt=\"int\">12</k></g>"
                              "<s os=\"linux\">\xC3\xBC</s></ApplicationSettings>";
     for (std::size_t cut = 0; cut < good.size(); ++cut)
-        EXPECT_EQ(read_back(QByteArray::fromStdString(good.substr(0, cut))).front(), '!') << cut;
+        EXPECT_EQ(read_back(good.substr(0, cut)).front(), '!') << cut;
     std::mt19937 random(11);
     for (int round = 0; round < 5000; ++round) {
         std::string bad = good;
         for (unsigned flips = 1 + random() % 4; flips > 0; --flips)
             bad[random() % bad.size()] = static_cast<char>(random());
-        const QByteArray text = QByteArray::fromStdString(bad);
-        ASSERT_EQ(read_back(text), read_slowly(text)) << bad;
+        ASSERT_EQ(read_back(bad), read_by(read_xml, QByteArray::fromStdString(bad))) << bad;
     }
     const std::string megabytes(5u << 20, 'v');
-    EXPECT_EQ(read_back(QByteArray::fromStdString("<ApplicationSettings><k>" + megabytes +
-                                                  "</k></ApplicationSettings>")),
+    EXPECT_EQ(read_back("<ApplicationSettings><k>" + megabytes + "</k></ApplicationSettings>"),
               "k =" + megabytes + "\n");
 }
 
@@ -289,15 +244,13 @@ TEST(PreferenceKeys, AreOrderedAsTheSettingsSystemOrdersThem)
     }
 }
 
-struct KeyCase {
-    const char *why;
-    std::string key;
-    bool valid;
-};
-
 TEST(PreferenceKeys, AreValidated)
 {
-    const KeyCase cases[] = {
+    const struct {
+        const char *why;
+        std::string key;
+        bool valid;
+    } cases[] = {
         {"plain",                                            "display/colors/background", true },
         {"letters of any script",                            "größe/名前",            true },
         {"dots and hyphens inside",                          "a.b-c/_d",                  true },
@@ -313,7 +266,8 @@ TEST(PreferenceKeys, AreValidated)
         {"the root's name is passed over when read",         "a/ApplicationSettings",     false},
         {"a byte of zero",                                   "a\0b"s,                     false},
     };
-    for (const KeyCase &c : cases) {
+
+    for (const auto &c : cases) {
         SCOPED_TRACE(c.why);
         scene::Messages messages;
         EXPECT_EQ(validate_key(c.key), c.valid ? QZPREF_SUCCESS_ : QZPREF_INVALID_KEY);

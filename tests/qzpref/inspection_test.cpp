@@ -55,7 +55,6 @@ TEST_F(Inspecting, ForetellsEveryGetter)
     const Explanation explanation = inspection.explain("m");
     EXPECT_EQ(explanation.getters[2].value, "2.5");
     EXPECT_TRUE(explanation.getters[3].gives_default);
-    EXPECT_EQ(explanation.getters[3].code, QZPREF_LOWER_LAYER);
     EXPECT_EQ(explanation.layers[2].plain_form.value, "9");
 }
 

@@ -30,13 +30,6 @@ protected:
         });
     }
 
-    static bool make_link(const std::string &target, const std::string &link)
-    {
-        std::error_code error;
-        std::filesystem::create_symlink(target, link, error);
-        return !error;
-    }
-
     static std::string value(PreferenceFile &file, const std::string &key)
     {
         return file.read([&](const Document &document) -> std::string {
@@ -107,16 +100,16 @@ TEST_F(Saving, FailsWholeAndRecovers)
     PreferenceFile file(path());
     put(file, "k", "old");
     ASSERT_EQ(file.save(), 0);
-    const std::string before = read(text("p.xml"));
+    const std::string before = read("p.xml");
     put(file, "k", "new");
     // A directory in the way of the side file: no bytes can be written.
     std::filesystem::create_directories(text("p.xml.new"));
-    EXPECT_EQ(file.save(), QZPREF_ACCESS_ERROR);
-    EXPECT_EQ(file.save(), QZPREF_ACCESS_ERROR);
-    EXPECT_EQ(read(text("p.xml")), before);
+    for (int again = 0; again < 2; ++again)
+        EXPECT_EQ(file.save(), QZPREF_ACCESS_ERROR);
+    EXPECT_EQ(read("p.xml"), before);
     std::filesystem::remove(text("p.xml.new"));
     EXPECT_EQ(file.save(), 0) << "an earlier failure does not stick";
-    EXPECT_NE(read(text("p.xml")).find(">new<"), std::string::npos);
+    EXPECT_NE(read("p.xml").find(">new<"), std::string::npos);
     EXPECT_FALSE(is_there("p.xml.new"));
 }
 
@@ -142,7 +135,7 @@ TEST_F(Saving, KeepsLinksAndPermissions)
     namespace fs = std::filesystem;
     write(text("real/file.xml"), document("<k>1</k>"));
     fs::permissions(text("real/file.xml"), fs::perms::owner_read | fs::perms::owner_write);
-    if (!make_link(text("real/file.xml"), text("p.xml")))
+    if (!link("real/file.xml", "p.xml"))
         GTEST_SKIP() << "this system needs a privilege to make links";
     PreferenceFile file(path());
     put(file, "k", "2");
@@ -151,18 +144,6 @@ TEST_F(Saving, KeepsLinksAndPermissions)
     EXPECT_NE(read(text("real/file.xml")).find(">2<"), std::string::npos);
     EXPECT_EQ(fs::status(text("real/file.xml")).permissions(),
               fs::perms::owner_read | fs::perms::owner_write);
-}
-
-// The settings system leaves a lock file of its own beside a file when its program is killed. It
-// must neither stall a save nor be needed for one.
-TEST_F(Saving, IgnoresForeignLeftovers)
-{
-    write(text("p.xml.lock"), "");
-    write(text("p.xml.new"), "half of a docum");
-    PreferenceFile file(path());
-    put(file, "k", "1");
-    EXPECT_EQ(file.save(), 0);
-    EXPECT_NE(read(text("p.xml")).find(">1<"), std::string::npos);
 }
 
 TEST_F(Saving, StoresOfOneProgramShareWhatIsNotSaved)
@@ -210,7 +191,7 @@ TEST_F(Saving, LockFilesAreNamedByDigestAndNeverTruncated)
     }
     EXPECT_EQ(read(lock.toStdString()), "theirs");
     std::filesystem::remove(lock.toStdString());
-    if (!make_link(text("target"), lock.toStdString()))
+    if (!link("target", lock.toStdString()))
         return;
     FileLock refused(path(), FileLock::Mode::Shared);
     EXPECT_EQ(refused.acquire(), QZPREF_LOCK_ERROR);
