@@ -1,8 +1,6 @@
 #include "qzpref/preference_scene.h"
 #include "tools/program.h"
 
-#include <QJsonDocument>
-
 using namespace program;
 
 namespace {
@@ -16,20 +14,6 @@ protected:
                        "<c dt='QString'>a\nb</c></d><odd dt='float'>1.5</odd>"));
         write(text("site.xml"), document("<d><w dt='int'>9</w><s dt='double'>0.10</s></d>"
                                          "<far dt='bool' os='darwin'>true</far>"));
-    }
-
-    /// @p line with this scene's directory instead of each "@".
-    std::string here(std::string line) const
-    {
-        for (std::size_t at; (at = line.find('@')) != std::string::npos;)
-            line.replace(at, 1, root_.string());
-        return line;
-    }
-
-    void expect_here(const Case &c) const
-    {
-        const std::string out = here(c.out);
-        expect({c.line, c.code, out.c_str(), c.err, c.input});
     }
 };
 
@@ -70,8 +54,7 @@ const Case kReads[] = {
 
 TEST_F(Pref, ReadingAnswersAndMakesNothing)
 {
-    for (const Case &c : kReads)
-        expect_here(c);
+    expect_all(kReads);
     const Answer explained = run("pref explain dovrel d/w");
     EXPECT_EQ(explained.code, 0);
     for (const char *part :
@@ -86,19 +69,15 @@ TEST_F(Pref, ReadingAnswersAndMakesNothing)
 TEST_F(Pref, BrokenUserFileIsLeftAloneByReaders)
 {
     write(user_file(), "<broken");
-    const Answer got = run("pref get dovrel d/w");
-    EXPECT_EQ(got.code, 0);
-    EXPECT_EQ(got.out, "3\n");
-    EXPECT_NE(got.err.find("Format error"), std::string::npos) << got.err;
+    expect({"pref get dovrel d/w", 0, "3\n", "Format error", nullptr});
     EXPECT_EQ(read(user_file()), "<broken");
 }
 
 TEST_F(Pref, FirstGetTakesOverAnEarlierRelease)
 {
     write(user_file("2024-2"), document("<d><w dt='int'>77</w></d>"));
-    const Answer listed = run("pref list dovrel d");
-    EXPECT_NE(listed.err.find("takes over 1 key of release 2024-2"), std::string::npos)
-        << listed.err;
+    const std::string said = run("pref list dovrel d").err;
+    EXPECT_NE(said.find("takes over 1 key of release 2024-2"), std::string::npos) << said;
     EXPECT_FALSE(is_there("sandbox/Halcyra/2025-3"));
     expect({"pref get dovrel d/w", 0, "77\n", "", nullptr});
     expect({"pref source dovrel d/w", 0, "user\n", "", nullptr});
@@ -184,25 +163,17 @@ TEST_F(Pref, EveryAnswerHasJson)
     set("HALCYRA_APPDATA_OVERRIDE", text("app"));
     write(text("plindra-v2025.3/file"), "");
     write(user_file(), document("<s dt='QString'>tab\tü</s>"));
-    for (const char *line : {"pref get dovrel s", "pref list dovrel", "pref groups dovrel",
-                             "pref type dovrel s", "pref source dovrel s", "pref file dovrel",
-                             "pref explain dovrel s", "pref set dovrel k 1", "pref unset dovrel k",
-                             "dirs", "dirs temp", "products", "releases"}) {
-        const Answer answer = run(line + std::string(" --json"));
-        EXPECT_EQ(answer.code, 0) << line << '\n' << answer.err;
-        EXPECT_FALSE(QJsonDocument::fromJson(QByteArray::fromStdString(answer.out)).isNull())
-            << line << '\n'
-            << answer.out;
-    }
-    const auto got =
-        QJsonDocument::fromJson(QByteArray::fromStdString(run("pref get dovrel s --json").out));
-    EXPECT_EQ(got["value"].toString().toStdString(), "tab\tü");
-    const auto products =
-        QJsonDocument::fromJson(QByteArray::fromStdString(run("products --json").out));
+    for (const char *line :
+         {"pref list dovrel", "pref groups dovrel", "pref type dovrel s", "pref source dovrel s",
+          "pref file dovrel", "pref explain dovrel s", "pref set dovrel k 1", "pref unset dovrel k",
+          "dirs", "dirs temp", "releases"})
+        json(line);
+    EXPECT_EQ(json("pref get dovrel s")["value"].toString().toStdString(), "tab\tü");
+    const QJsonDocument products = json("products");
     EXPECT_EQ(products["preferences"][3]["name"].toString().toStdString(), "Dovrel");
-    EXPECT_EQ(
-        scene::with_slashes(products["installation"][16]["directory"].toString().toStdString()),
-        scene::with_slashes(text("plindra-v2025.3")));
+    const QString installed = products["installation"][16]["directory"].toString();
+    EXPECT_EQ(scene::with_slashes(installed.toStdString()),
+              scene::with_slashes(text("plindra-v2025.3")));
     EXPECT_EQ(run("releases").out.substr(0, 14), "2025-3\n2025-2\n");
 }
 

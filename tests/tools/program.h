@@ -3,20 +3,18 @@
 
 #include "qzfile/scene.h"
 
+#include <QJsonDocument>
 #include <QProcess>
 #include <QSysInfo>
-#include <gtest/gtest.h>
 
 #include <algorithm>
-#include <string>
 
 namespace program {
 
 /// What one run of qz left behind.
 struct Answer {
     int code = -1;
-    std::string out;
-    std::string err;
+    std::string out, err;
 };
 
 /// What a program has written, with the line ends of C: on Windows its streams write others.
@@ -56,11 +54,21 @@ inline Answer run(const std::string &line, const std::string &input = {})
     return answer;
 }
 
+/// What the program answers as JSON; it must not fail.
+inline QJsonDocument json(const std::string &line, const std::string &input = {})
+{
+    const Answer answer = run(line + " --json", input);
+    EXPECT_EQ(answer.code, 0) << line << '\n' << answer.err;
+    const auto document = QJsonDocument::fromJson(QByteArray::fromStdString(answer.out));
+    EXPECT_FALSE(document.isNull()) << line << '\n' << answer.out;
+    return document;
+}
+
 /// One command line, and all that it must give.
 struct Case {
     const char *line;
     int code;
-    const char *out;   ///< the whole of standard output
+    const char *out;   ///< the whole of standard output; "@" stands for the working directory
     const char *err;   ///< a part of standard error; empty when nothing may be written there
     const char *input; ///< standard input
 };
@@ -68,9 +76,11 @@ struct Case {
 inline void expect(const Case &c)
 {
     SCOPED_TRACE(c.line);
+    const QString here = QString::fromStdString(std::filesystem::current_path().string());
+    const std::string out = QString(c.out).replace('@', here).toStdString();
     const Answer answer = run(c.line, c.input ? c.input : "");
     EXPECT_EQ(answer.code, c.code) << answer.err;
-    EXPECT_EQ(scene::with_slashes(answer.out), scene::with_slashes(c.out));
+    EXPECT_EQ(scene::with_slashes(answer.out), scene::with_slashes(out));
     if (*c.err)
         EXPECT_NE(answer.err.find(c.err), std::string::npos) << answer.err;
     else

@@ -1,7 +1,5 @@
 #include "tools/program.h"
 
-#include <QJsonDocument>
-
 using namespace program;
 
 namespace {
@@ -46,22 +44,20 @@ const Case kMatches[] = {
 TEST(Text, Tokens)
 {
     expect_all(kTokens);
-    const auto json =
-        QJsonDocument::fromJson(QByteArray::fromStdString(run("tokens --json 'a -2 .5' b").out));
-    EXPECT_EQ(json[0][1]["value"].toInt(), -2);
-    EXPECT_EQ(json[0][2]["value"].toDouble(), .5);
-    EXPECT_TRUE(json[0][0]["value"].isUndefined());
-    EXPECT_EQ(json[1][0]["token"].toString(), QStringLiteral("b"));
+    const QJsonDocument lines = json("tokens 'a -2 .5' b");
+    EXPECT_EQ(lines[0][1]["value"].toInt(), -2);
+    EXPECT_EQ(lines[0][2]["value"].toDouble(), .5);
+    EXPECT_TRUE(lines[0][0]["value"].isUndefined());
+    EXPECT_EQ(lines[1][0]["token"].toString(), QStringLiteral("b"));
 }
 
 TEST(Text, Match)
 {
     expect_all(kMatches);
-    const auto json = QJsonDocument::fromJson(
-        QByteArray::fromStdString(run("match --json -E x '(a)|(b)'", "-b\n").out));
-    EXPECT_EQ(json[0]["pattern"].toInt(), 1);
-    EXPECT_TRUE(json[0]["matches"][1].isNull());
-    EXPECT_EQ(json[0]["matches"][2]["from"].toInt(), 1);
+    const QJsonDocument lines = json("match -E x '(a)|(b)'", "-b\n");
+    EXPECT_EQ(lines[0]["pattern"].toInt(), 1);
+    EXPECT_TRUE(lines[0]["matches"][1].isNull());
+    EXPECT_EQ(lines[0]["matches"][2]["from"].toInt(), 1);
 }
 
 } // namespace
