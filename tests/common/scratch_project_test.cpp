@@ -1,45 +1,38 @@
 #include "qzcommon.hpp"
+#include "qzfile/scene.h"
 
 #include <QDateTime>
 #include <QLocale>
-#include <QtGlobal>
-#include <boost/filesystem/path.hpp>
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <regex>
 #include <stdexcept>
-#include <string>
 
 namespace {
 
 constexpr const char *kVariable = "HALCYRA_TEMP_PROJECT";
 
-struct ParentCase {
-    const char *why;
-    const char *value;
-    std::string parent; // '|' stands for the system's own separator
-};
-
-const ParentCase kParents[] = {
-    {"a separator comes between",              "|data|jobs", "|data|jobs|"},
-    {"unless there is one",                    "/data/",     "|data|"     },
-    {"slashes become the system's separator",  "/data/jobs", "|data|jobs|"},
-    {"backslashes separate everywhere",        "data\\jobs", "data|jobs|" },
-    {"a drive is kept where it names nothing", "C:\\data",   "C:\\data|"  },
-};
-
 std::string with_separators(std::string text)
 {
     std::replace(text.begin(), text.end(), '|',
-                 static_cast<char>(boost::filesystem::path::preferred_separator));
+                 static_cast<char>(std::filesystem::path::preferred_separator));
     return text;
 }
 
 TEST(ScratchProject, NameInEachParent)
 {
+    const struct {
+        const char *why, *value, *parent; // '|' stands for the system's own separator
+    } cases[] = {
+        {"a separator comes between",              "|data|jobs", "|data|jobs|"},
+        {"unless there is one",                    "/data/",     "|data|"     },
+        {"slashes become the system's separator",  "/data/jobs", "|data|jobs|"},
+        {"backslashes separate everywhere",        "data\\jobs", "data|jobs|" },
+        {"a drive is kept where it names nothing", "C:\\data",   "C:\\data|"  },
+    };
+
     const std::regex pattern(qzcommon_get_scratch_project_regular_expression());
-    for (const ParentCase &c : kParents) {
+    for (const auto &c : cases) {
         SCOPED_TRACE(c.why);
         qputenv(kVariable, with_separators(c.value).c_str());
         const std::string path = qzcommon_get_scratch_project_path();
@@ -68,42 +61,35 @@ TEST(ScratchProject, NameIsTheLocalTimeInEnglish)
 TEST(ScratchProject, NoParent)
 {
     qunsetenv(kVariable);
-    try {
-        qzcommon_get_scratch_project_path();
-        FAIL();
-    } catch (const std::runtime_error &error) {
-        EXPECT_STREQ(error.what(), "HALCYRA_TEMP_PROJECT environment variable is not set.");
-    }
+    EXPECT_EQ(scene::thrown<std::runtime_error>(qzcommon_get_scratch_project_path),
+              "HALCYRA_TEMP_PROJECT environment variable is not set.");
 }
-
-struct NameCase {
-    const char *why;
-    const char *text;
-    const char *found; // empty where the pattern finds nothing
-};
-
-const NameCase kNames[] = {
-    {"a name",                       "Tmp_14Nov2026_1736_06123",      "Tmp_14Nov2026_1736_06123" },
-    {"it is found inside a path",    "/a/Tmp_01Jan2025_0000_00000.d", "Tmp_01Jan2025_0000_00000" },
-    {"the month may be punctuation", "Tmp_31[_^`2026_2359_59999",     "Tmp_31[_^`2026_2359_59999"},
-    {"or one letter",                "Tmp_31N2026_2359_59999",        "Tmp_31N2026_2359_59999"   },
-    {"a month of five letters",      "Tmp_14Novem2026_1736_06123",    ""                         },
-    {"no 32nd of a month",           "Tmp_32Nov2026_1736_06123",      ""                         },
-    {"no year before 1000",          "Tmp_14Nov0999_1736_06123",      ""                         },
-    {"no hour 24",                   "Tmp_14Nov2026_2436_06123",      ""                         },
-    {"no second 60",                 "Tmp_14Nov2026_1736_60123",      ""                         },
-    {"the milliseconds are missing", "Tmp_14Nov2026_1736_06",         ""                         },
-};
 
 TEST(ScratchProject, Pattern)
 {
+    const struct {
+        const char *why;
+        std::string text;
+        const char *found; // empty where the pattern finds nothing
+    } cases[] = {
+        {"a name",                       "Tmp_14Nov2026_1736_06123",      "Tmp_14Nov2026_1736_06123" },
+        {"it is found inside a path",    "/a/Tmp_01Jan2025_0000_00000.d", "Tmp_01Jan2025_0000_00000" },
+        {"the month may be punctuation", "Tmp_31[_^`2026_2359_59999",     "Tmp_31[_^`2026_2359_59999"},
+        {"or one letter",                "Tmp_31N2026_2359_59999",        "Tmp_31N2026_2359_59999"   },
+        {"a month of five letters",      "Tmp_14Novem2026_1736_06123",    ""                         },
+        {"no 32nd of a month",           "Tmp_32Nov2026_1736_06123",      ""                         },
+        {"no year before 1000",          "Tmp_14Nov0999_1736_06123",      ""                         },
+        {"no hour 24",                   "Tmp_14Nov2026_2436_06123",      ""                         },
+        {"no second 60",                 "Tmp_14Nov2026_1736_60123",      ""                         },
+        {"the milliseconds are missing", "Tmp_14Nov2026_1736_06",         ""                         },
+    };
+
     const std::string pattern = qzcommon_get_scratch_project_regular_expression();
     EXPECT_EQ(pattern.size(), 102U) << "programs compare the pattern itself";
-    for (const NameCase &c : kNames) {
+    for (const auto &c : cases) {
         SCOPED_TRACE(c.why);
-        const std::string text = c.text;
         std::smatch match;
-        std::regex_search(text, match, std::regex(pattern));
+        std::regex_search(c.text, match, std::regex(pattern));
         EXPECT_EQ(match.str(), c.found);
     }
 }
