@@ -38,35 +38,34 @@ const std::string k79(79, 'y');
 const std::string k19Blanks(19, ' ');
 const std::string k75Blanks(75, ' ');
 
-struct PrefixCase {
-    const char *why;
-    std::string text;
-    std::size_t declared;
-    std::string prefix;
-    char before;
-};
-
 TEST(ErrorEntries, Prefix)
 {
-    const PrefixCase cases[] = {
-        {"one blank is kept",                                        "MYPROG",                     20, "MYPROG ",    '<' },
-        {"NULs count as blanks",                                     "MYPROG" + kNul + " " + kNul, 20, "MYPROG ",    '<' },
-        {"blanks inside are text",                                   " MY  PROG",                  20, " MY  PROG ", '<' },
-        {"18 leave room for the blank",                              k18,                          20, k18 + " ",    '<' },
-        {"19 do not",                                                k19,                          20, k19,          '<' },
-        {"the rest is cut off",                                      k19 + "xxx",                  30, k19,          '<' },
-        {"text behind a NUL is not seen, and ends the blanks",       "A" + kNul + "B",             20, "A",          '<' },
-        {"a blank one stands as it is, and marks the byte in front", "",                           20, k19Blanks,    '\0'},
-        {"a literal is short, and not written to",                   "MYPROG",                     6,  "MYPROG ",    '<' },
-        {"a blank literal as well",                                  " ",                          1,  " ",          '<' },
-        {"and an empty text",                                        "",                           0,  "",           '<' },
+    const struct {
+        const char *why;
+        std::string text;
+        std::size_t declared;
+        std::string prefix;
+        char before;
+    } cases[] = {
+        {"one blank is kept",                              "MYPROG",                     20, "MYPROG ",    '<' },
+        {"NULs count as blanks",                           "MYPROG" + kNul + " " + kNul, 20, "MYPROG ",    '<' },
+        {"blanks inside are text",                         " MY  PROG",                  20, " MY  PROG ", '<' },
+        {"18 leave room for the blank",                    k18,                          20, k18 + " ",    '<' },
+        {"19 do not",                                      k19,                          20, k19,          '<' },
+        {"the rest is cut off",                            k19 + "xxx",                  30, k19,          '<' },
+        {"text behind a NUL is not seen",                  "A" + kNul + "B",             20, "A",          '<' },
+        {"a blank one stays, and marks the byte in front", "",                           20, k19Blanks,    '\0'},
+        {"a literal is short, and not written to",         "MYPROG",                     6,  "MYPROG ",    '<' },
+        {"a blank literal as well",                        " ",                          1,  " ",          '<' },
+        {"and an empty text",                              "",                           0,  "",           '<' },
     };
-    for (const PrefixCase &c : cases) {
+
+    int status = -9;
+    for (const auto &c : cases) {
         SCOPED_TRACE(c.why);
         const MessageSink sink;
         Variable variable(c.text, c.declared);
         int id = sink.id();
-        int status = -9;
         QZERRF_PREFIX(&id, variable.start(), &status, variable.length());
         EXPECT_EQ(status, 1);
         EXPECT_EQ(variable.before(), c.before);
@@ -75,30 +74,28 @@ TEST(ErrorEntries, Prefix)
         EXPECT_EQ(sink.text(), c.prefix + "FATAL x");
     }
     int no_handler = 99;
-    int status = -9;
     Variable variable("MYPROG", 20);
     QZERRF_PREFIX(&no_handler, variable.start(), &status, variable.length());
     EXPECT_EQ(status, 0);
     EXPECT_EQ(variable.text(), "MYPROG " + kNul + std::string(11, ' ') + kNul);
 }
 
-struct CodeCase {
-    const char *why;
-    int level;
-    std::size_t declared;
-    std::string code;
-};
-
 TEST(ErrorEntries, ReturnCode)
 {
-    const CodeCase cases[] = {
+    const struct {
+        const char *why;
+        int level;
+        std::size_t declared;
+        const char *code;
+    } cases[] = {
         {"blanks fill the rest",                  4,  20, "QZERR_WARNING       "    },
         {"cut to 20",                             7,  20, "QZERR_LEVEL UNDEFINE"    },
         {"beyond 20 nothing is written",          0,  24, "QZERR_BUMMER        ...."},
         {"a short variable keeps its neighbours", 5,  8,  "QZERR_FA"                },
         {"levels are unsigned",                   -1, 20, "(bogus QZERR level) "    },
     };
-    for (const CodeCase &c : cases) {
+
+    for (const auto &c : cases) {
         SCOPED_TRACE(c.why);
         Variable variable(std::string(c.declared, '.'), c.declared);
         int level = c.level;
@@ -108,16 +105,14 @@ TEST(ErrorEntries, ReturnCode)
     }
 }
 
-struct ThrowCase {
-    const char *why;
-    std::string text;
-    std::size_t declared;
-    std::string written;
-};
-
 TEST(ErrorEntries, Throw)
 {
-    const ThrowCase cases[] = {
+    const struct {
+        const char *why;
+        std::string text;
+        std::size_t declared;
+        std::string written;
+    } cases[] = {
         {"blanks at the end are kept",             "mesh",          80,  "mesh" + k75Blanks},
         {"a NUL ends the text",                    "mesh" + kNul,   80,  "mesh"            },
         {"cut to 79",                              k79 + "y",       80,  k79               },
@@ -126,12 +121,13 @@ TEST(ErrorEntries, Throw)
         {"a literal is short, and not written to", "mesh",          4,   "mesh"            },
         {"and an empty text",                      "",              0,   ""                },
     };
-    for (const ThrowCase &c : cases) {
+
+    int level = QZERR_FATAL;
+    for (const auto &c : cases) {
         SCOPED_TRACE(c.why);
         const MessageSink sink;
         Variable variable(c.text, c.declared);
         int id = sink.id();
-        int level = QZERR_FATAL;
         int status = -9;
         QZERRF_THROW(&id, &level, variable.start(), &status, variable.length());
         EXPECT_EQ(status, 1);

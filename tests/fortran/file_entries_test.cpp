@@ -2,11 +2,8 @@
 #include "qzfile/scene.h"
 #include "qzfortran.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <functional>
-#include <string>
 
 namespace {
 
@@ -32,14 +29,6 @@ protected:
     int status_ = -9;
 };
 
-struct FindCase {
-    const char *why;
-    std::string name;
-    std::string path; ///< of ten characters before the call
-    int status;
-    const char *message;
-};
-
 TEST_F(FileEntries, Find)
 {
     touch("abcdefgh");
@@ -51,13 +40,20 @@ TEST_F(FileEntries, Find)
         "FATAL QZFILEF_FIND: fpath not long enough; need 25 chars, have 10";
     const char *const no_file =
         "INFO QZFILEF_FIND: qzfile_find() fails, cname=' abcdefgh', cpath=NULL\n";
-    const FindCase cases[] = {
+
+    const struct {
+        const char *why;
+        std::string name, path; ///< the path of ten characters
+        int status;
+        const char *message;
+    } cases[] = {
         {"blanks behind the name are stripped", padded_name, ".\\abcdefgh", 0,  ""      },
         {"a NUL ends the name",                 ended,       ".\\abcdefgh", 0,  ""      },
         {"a result that is too long is cut",    long_name,   ".\\abcdefgh", -1, too_long},
         {"nothing found, nothing stored",       " abcdefgh", "..........",  -1, no_file },
     };
-    for (const FindCase &c : cases) {
+
+    for (const auto &c : cases) {
         SCOPED_TRACE(c.why);
         std::string path(10, '.');
         const int file = 0;
@@ -94,36 +90,30 @@ TEST_F(FileEntries, AnExpansionThatFailsIsStoredAsFarAsItGoes)
               std::string::npos);
 }
 
-struct FailureCase {
-    const char *why;
-    std::function<void(int *)> call;
-    std::string last_message;
-};
-
 TEST_F(FileEntries, FailuresAreReportedOnceMore)
 {
     const int file = 0;
     std::string blank = "    ";
-    const FailureCase cases[] = {
-        {"exists",      [&](int *status) { QZFILEF_EXISTS("a.b ", &file, status, 4); },
+    const std::pair<std::function<void(int *)>, std::string> cases[] = {
+        {[&](int *status) { QZFILEF_EXISTS("a.b ", &file, status, 4); },
          "INFO QZFILEF_EXISTS: qzfile_exists() fails, cname='a.b'\n"                     },
-        {"is absolute", [](int *status) { QZFILEF_PATH_IS_ABSOLUTE("a\\b ", status, 4); },
+        {[](int *status) { QZFILEF_PATH_IS_ABSOLUTE("a\\b ", status, 4); },
          "INFO QZFILEF_PATH_IS_ABSOLUTE: qzfile_path_is_absolute() fails, cname='a\\b'\n"},
-        {"add",         [](int *status) { QZFILEF_PATH_ADD("  ", status, 2); },
+        {[](int *status) { QZFILEF_PATH_ADD("  ", status, 2); },
          "FATAL QZFILEF_PATH_ADD: qzfile_path_add(), cpath= ''\n"                        },
-        {"set",         [](int *status) { QZFILEF_PATH_SET("  ", status, 2); },
+        {[](int *status) { QZFILEF_PATH_SET("  ", status, 2); },
          "FATAL qzfilef_path_set: qzfile_path_set() fails, cpath = ''\n"                 },
-        {"localize",    [&](int *status) { QZFILEF_PATH_LOCALIZE(blank.data(), status, 4); },
+        {[&](int *status) { QZFILEF_PATH_LOCALIZE(blank.data(), status, 4); },
          "INFO QZFILEF_PATH_LOCALIZE: fails, cpath=\n"                                   },
     };
-    for (const FailureCase &c : cases) {
-        SCOPED_TRACE(c.why);
+
+    for (const auto &[call, last] : cases) {
+        SCOPED_TRACE(last);
         status_ = -9;
-        c.call(&status_);
+        call(&status_);
         EXPECT_EQ(status_, -1);
         const std::string text = messages_.text();
-        ASSERT_GE(text.size(), c.last_message.size());
-        EXPECT_EQ(text.substr(text.size() - c.last_message.size()), c.last_message);
+        EXPECT_EQ(text.substr(text.size() - std::min(text.size(), last.size())), last);
     }
     EXPECT_EQ(blank, "    ");
 }
@@ -138,31 +128,30 @@ TEST_F(FileEntries, AMissingWorkingDirectoryIsReportedByItsEntryPoint)
     std::filesystem::current_path(root_);
 }
 
-struct LocalizeCase {
-    const char *why;
-    std::size_t text_length;
-    std::size_t declared;
-    int status;
-    const char *message;
-};
-
 TEST_F(FileEntries, LocalizeConvertsAtMost1024Characters)
 {
-    const char *const kTooLong =
+    const char *const too_long =
         "FATAL QZFILEF_PATH_LOCALIZE: cpath not long enough; need 1025 chars, have 1024";
-    const LocalizeCase cases[] = {
+
+    const struct {
+        const char *why;
+        std::size_t text_length, declared;
+        int status;
+        const char *message;
+    } cases[] = {
         {"usual",                                                 5,    12,   0,  ""      },
         {"all of a long variable",                                1024, 1024, 0,  ""      },
-        {"a longer variable is complained of, whatever it holds", 5,    1025, 0,  kTooLong},
-        {"and cut",                                               1025, 1025, -1, kTooLong},
+        {"a longer variable is complained of, whatever it holds", 5,    1025, 0,  too_long},
+        {"and cut",                                               1025, 1025, -1, too_long},
     };
-    for (const LocalizeCase &c : cases) {
+
+    for (const auto &c : cases) {
         SCOPED_TRACE(c.why);
         std::string path = padded(std::string(c.text_length, '/'), c.declared);
         QZFILEF_PATH_LOCALIZE(path.data(), &status_, length(path));
+        const std::size_t turned = std::min<std::size_t>(c.text_length, 1024);
         EXPECT_EQ(status_, c.status);
-        EXPECT_EQ(path, padded(std::string(std::min<std::size_t>(c.text_length, 1024), '\\'),
-                               c.declared));
+        EXPECT_EQ(path, padded(std::string(turned, '\\'), c.declared));
         EXPECT_EQ(messages_.text(), c.message);
     }
 }

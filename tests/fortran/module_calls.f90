@@ -1,6 +1,7 @@
 ! What a program gets from the module beyond the entry points. Ends with an error at the first wrong
 ! answer.
 program module_calls
+    use answers
     use qzfileshared
     implicit none
     character(len=*), parameter :: long_text = repeat('long ', 60) // 'end'
@@ -11,15 +12,6 @@ program module_calls
     call listings
 
 contains
-
-    subroutine require(condition, what)
-        logical, intent(in) :: condition
-        character(len=*), intent(in) :: what
-        if (.not. condition) then
-            print '(2a)', 'wrong: ', what
-            error stop 1
-        end if
-    end subroutine
 
     subroutine messages
         integer :: id, status, unit, other

@@ -1,21 +1,17 @@
 ! Calls every entry point as a program does that knows nothing but their names: implicit interfaces,
 ! gfortran's own spelling, no compiler switch. Ends with an error at the first wrong answer.
 program plain_calls
+    use answers
     use, intrinsic :: iso_c_binding, only: c_char, c_null_char, c_ptr, c_size_t
     implicit none
     character, parameter :: nul = c_null_char
-    integer :: qztokenf_new, qztokenf_add, qztokenf_addn, qztokenf_clear, qztokenf_copy, &
-               qztokenf_copyn, qztokenf_delete, qztokenf_delete_token, qztokenf_find_type, &
-               qztokenf_get_double, qztokenf_get_int, qztokenf_get_token, qztokenf_index, &
-               qztokenf_indexn, qztokenf_merge, qztokenf_mergen, qztokenf_num, &
-               qztokenf_regex_compile, qztokenf_regex_index, qztokenf_replace, &
-               qztokenf_tolower_token, qztokenf_toupper
-    external :: qztokenf_new, qztokenf_add, qztokenf_addn, qztokenf_clear, qztokenf_copy, &
-                qztokenf_copyn, qztokenf_delete, qztokenf_delete_token, qztokenf_find_type, &
-                qztokenf_get_double, qztokenf_get_int, qztokenf_get_token, qztokenf_index, &
-                qztokenf_indexn, qztokenf_merge, qztokenf_mergen, qztokenf_num, &
-                qztokenf_regex_compile, qztokenf_regex_index, qztokenf_replace, &
-                qztokenf_tolower_token, qztokenf_toupper
+    integer, external :: &
+        qztokenf_new, qztokenf_add, qztokenf_addn, qztokenf_clear, qztokenf_copy, &
+        qztokenf_copyn, qztokenf_delete, qztokenf_delete_token, qztokenf_find_type, &
+        qztokenf_get_double, qztokenf_get_int, qztokenf_get_token, qztokenf_index, &
+        qztokenf_indexn, qztokenf_merge, qztokenf_mergen, qztokenf_num, &
+        qztokenf_regex_compile, qztokenf_regex_index, qztokenf_replace, &
+        qztokenf_tolower_token, qztokenf_toupper
     interface
         function qztokenf_get_string(handle) result(text)
             import :: c_ptr
@@ -41,15 +37,6 @@ program plain_calls
     call files
 
 contains
-
-    subroutine require(condition, what)
-        logical, intent(in) :: condition
-        character(len=*), intent(in) :: what
-        if (.not. condition) then
-            print '(2a)', 'wrong: ', what
-            error stop 1
-        end if
-    end subroutine
 
     ! A record thrown on a handler stands in the unit in order with the program's own.
     subroutine errors
@@ -117,7 +104,7 @@ contains
     subroutine tokens
         integer :: list, other, whole
         double precision :: real_value
-        character(len=255) :: token
+        character(len=260) :: token = repeat('.', 260)
 
         call require(qztokenf_new(list, 'alpha 7 2.5 beta' // nul, ' ' // nul, '' // nul, &
                                   '' // nul, '' // nul, '' // nul) == 0, 'token new')
@@ -129,7 +116,12 @@ contains
         call require(real_value == 2.5d0, 'the double')
         call require(qztokenf_find_type(list, 1) == 1, 'find_type')
         call require(qztokenf_get_token(list, 3, token) == 0, 'get_token')
-        call require(token(1:5) == 'beta' // nul .and. token(255:255) == nul, 'the token')
+        call require(token == 'beta' // repeat(nul, 251) // '.....', 'the token')
+        call require(qztokenf_add(list, repeat('x', 260) // nul) == 0, 'add a long one')
+        call require(qztokenf_get_token(list, 4, token) == 0, 'get a long token')
+        call require(token == repeat('x', 255) // '.....', 'as much as there is room for')
+        call require(qztokenf_get_token(list, 5, token) == -1 .and. token(1:1) == 'x', 'no token')
+        call require(qztokenf_delete_token(list, 4) == 0, 'delete the long token')
         call require(qztokenf_index(list, 'beta' // nul) == 3, 'index')
         call require(qztokenf_indexn(list, 'alps' // nul, 3) == 0, 'indexn')
         call require(qztokenf_regex_compile(list) == 0, 'regex_compile')
