@@ -1,21 +1,12 @@
 #ifndef QZ_TESTS_QZFILE_FAULT_SCENE_H
 #define QZ_TESTS_QZFILE_FAULT_SCENE_H
 
+#include "failing_memory.h"
 #include "qzfile/scene.h"
 
 #include <QFile>
-#include <gtest/gtest.h>
-
-#include <string>
 
 namespace scene {
-
-/// The call that fails, counted down: 1 is the next one, 0 none.
-struct Countdown {
-    int calls = 0;
-
-    bool is_over() { return calls > 0 && --calls == 0; }
-};
 
 inline const std::string kContents = "first\r\n" + std::string(300'000, 'x') + "\r\nlast";
 

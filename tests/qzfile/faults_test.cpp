@@ -3,13 +3,10 @@
 
 #include "qzfile/fault_scene.h"
 
-#include <gtest/gtest.h>
-
 #include <cerrno>
 #include <cstdio>
-#include <string>
 
-using scene::Countdown;
+using qz::test::Countdown;
 using scene::Faults;
 using scene::Messages;
 

@@ -2,55 +2,11 @@
 
 #include "qzfile/fault_scene.h"
 
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <new>
-#include <string>
 #include <utility>
 
+using qz::test::new_fault;
 using scene::kContents;
 using scene::Messages;
-
-namespace {
-
-scene::Countdown new_fault;
-
-} // namespace
-
-// Every form is replaced: a sanitizer brings forms of its own for those that are not.
-void *operator new(std::size_t size)
-{
-    void *memory = new_fault.is_over() ? nullptr : std::malloc(size != 0 ? size : 1);
-    if (memory == nullptr)
-        throw std::bad_alloc();
-    return memory;
-}
-
-void *operator new[](std::size_t size)
-{
-    return operator new(size);
-}
-
-void operator delete(void *memory) noexcept
-{
-    std::free(memory);
-}
-
-void operator delete(void *memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
-
-void operator delete[](void *memory) noexcept
-{
-    std::free(memory);
-}
-
-void operator delete[](void *memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
 
 namespace {
 

@@ -1,30 +1,29 @@
-// What happens when memory runs out. The program's allocations go through the functions below, of
-// which a chosen one fails.
+// What happens when memory runs out. The program's allocations go through functions of which a
+// chosen one fails.
 
+#include "failing_memory.h"
 #include "tokens/token_test.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdlib>
-#include <new>
 
 namespace {
 
-constexpr int kNever = -1;
+qz::test::Countdown malloc_fault;
 
-/// How many allocations succeed before the next one fails.
-int news_left = kNever;
-int mallocs_left = kNever;
-
-bool fails_now(int &left)
+/// What is reported while the @p call th allocation of @p action fails.
+template <typename Action> std::string messages_without_memory(int call, Action action)
 {
-    return left != kNever && left-- == 0;
+    return messages_of([&] {
+        qz::test::new_fault.calls = call;
+        action();
+        qz::test::new_fault.calls = 0;
+    });
 }
 
-struct FailingNew {
-    explicit FailingNew(int successes) { news_left = successes; }
-
-    ~FailingNew() { news_left = kNever; }
+class Memory : public testing::Test {
+protected:
+    // The handle table has room for a list when a test starts.
+    Memory() { List warm_up; }
 };
 
 } // namespace
@@ -34,83 +33,29 @@ extern "C" void *__wrap_malloc(std::size_t size);
 
 extern "C" void *__wrap_malloc(std::size_t size)
 {
-    return fails_now(mallocs_left) ? nullptr : __real_malloc(size);
+    return malloc_fault.is_over() ? nullptr : __real_malloc(size);
 }
-
-// Every form is replaced: a sanitizer brings forms of its own for those that are not.
-void *operator new(std::size_t size)
-{
-    void *memory = fails_now(news_left) ? nullptr : std::malloc(size != 0 ? size : 1);
-    if (memory == nullptr)
-        throw std::bad_alloc();
-    return memory;
-}
-
-void *operator new[](std::size_t size)
-{
-    return operator new(size);
-}
-
-void *operator new[](std::size_t size, const std::nothrow_t &) noexcept
-{
-    try {
-        return operator new(size);
-    } catch (const std::bad_alloc &) {
-        return nullptr;
-    }
-}
-
-void operator delete(void *memory) noexcept
-{
-    std::free(memory);
-}
-
-void operator delete(void *memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
-
-void operator delete[](void *memory) noexcept
-{
-    std::free(memory);
-}
-
-void operator delete[](void *memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
-
-namespace {
-
-class Memory : public testing::Test {
-protected:
-    // The handle table has room for a list when a test starts.
-    Memory() { List warm_up; }
-};
 
 TEST_F(Memory, NoneForTheTokensOfALine)
 {
-    const char *const no_block = "FATAL qztoken_new(): failed to allocate memory for the token.\n";
-    const char *const no_slots = "FATAL qztoken_add(): can't expand list \n";
-
     const struct {
-        int successes;
+        int call;
         const char *first; ///< of the tokens; null for none
         const char *message;
     } cases[] = {
-        {1, nullptr, no_block}, // the list
-        {3, "a",     no_slots}, // the block and the first slots too
+  // The list is there; or the block and the first slots too.
+        {2, nullptr, "FATAL qztoken_new(): failed to allocate memory for the token.\n"},
+        {4, "a",     "FATAL qztoken_add(): can't expand list \n"                      },
     };
 
     for (const auto &c : cases) {
         int handle = -1;
-        EXPECT_EQ(messages_of([&] {
-                      const FailingNew failing(c.successes);
-                      EXPECT_EQ(qztoken_new(&handle, "a b c d e f g h i j k l m n o p q r s t u v",
-                                            nullptr, nullptr, nullptr, nullptr, nullptr),
-                                0);
-                  }),
-                  c.message);
+        const auto make = [&handle] {
+            EXPECT_EQ(qztoken_new(&handle, "a b c d e f g h i j k l m n o p q r s t u v", nullptr,
+                                  nullptr, nullptr, nullptr, nullptr),
+                      0);
+        };
+        EXPECT_EQ(messages_without_memory(c.call, make), c.message);
         EXPECT_EQ(qztoken_num(handle) > 0, c.first != nullptr);
         if (c.first != nullptr) {
             EXPECT_STREQ(qztoken_get_token(handle, 0), c.first);
@@ -121,12 +66,9 @@ TEST_F(Memory, NoneForTheTokensOfALine)
 
 TEST_F(Memory, NoneForAnAddedToken)
 {
-    for (int successes : {0, 1}) {
+    for (int call : {1, 2}) {
         const List list;
-        EXPECT_EQ(messages_of([&] {
-                      const FailingNew failing(successes);
-                      EXPECT_EQ(qztoken_add(list, "a"), -1);
-                  }),
+        EXPECT_EQ(messages_without_memory(call, [&] { EXPECT_EQ(qztoken_add(list, "a"), -1); }),
                   "FATAL qztoken_add(): can't expand list \n");
         EXPECT_EQ(qztoken_num(list), 0);
         EXPECT_EQ(qztoken_add(list, "a"), 0);
@@ -136,17 +78,10 @@ TEST_F(Memory, NoneForAnAddedToken)
 TEST_F(Memory, NoneForTheJoinedLine)
 {
     const List list{"a", "b"};
-    EXPECT_EQ(messages_of([&] {
-                  const FailingNew failing(0);
-                  EXPECT_EQ(qztoken_get_string(list), nullptr);
-              }),
+    const auto join = [&list] { EXPECT_EQ(qztoken_get_string(list), nullptr); };
+    EXPECT_EQ(messages_without_memory(1, join),
               "FATAL qztoken_get_string(): can't allocate need_quotes array\n");
-    EXPECT_EQ(messages_of([&] {
-                  mallocs_left = 1; // for the array; the line fails
-                  EXPECT_EQ(qztoken_get_string(list), nullptr);
-                  mallocs_left = kNever;
-              }),
-              "FATAL qztoken_get_string(): can't allocate string\n");
+    malloc_fault.calls = 2; // the first is for the array
+    EXPECT_EQ(messages_of(join), "FATAL qztoken_get_string(): can't allocate string\n");
+    malloc_fault.calls = 0;
 }
-
-} // namespace

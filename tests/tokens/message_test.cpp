@@ -2,10 +2,7 @@
 
 #include "tokens/token_test.h"
 
-#include <gtest/gtest.h>
-
 #include <climits>
-#include <string>
 
 namespace {
 

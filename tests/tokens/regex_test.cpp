@@ -2,14 +2,9 @@
 #include "qzregex.h"
 #include "tokens/token_test.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <cstdlib>
-#include <cstring>
 #include <memory>
-#include <string>
-#include <string_view>
 
 namespace {
 
@@ -43,40 +38,21 @@ std::string repeated(const std::string &part, size_t count)
     return text;
 }
 
+// What short patterns show is compared with a slow matcher by another test.
 TEST(Regex, RefusesPatternsWithTheReason)
 {
     const struct {
-        const char *why;
-        const char *pattern;
-        const char *reason;
+        const char *why, *pattern, *reason;
     } cases[] = {
-        {"group left open",                     "(a",                             "unmatched ()"             },
-        {"group never opened",                  "a)",                             "unmatched ()"             },
-        {"closed once too often",               "(a))",                           "unmatched ()"             },
-        {"ten groups",                          "(a)(a)(a)(a)(a)(a)(a)(a)(a)(a)", "too many ()"              },
-        {"ten groups, none closed",             "((((((((((",                     "too many ()"              },
-        {"loop of a loop",                      "(a*)*",                          "*+ operand could be empty"},
-        {"one empty alternative is enough",     "(a|)+",                          "*+ operand could be empty"},
-        {"anchors take nothing",                "^*",                             "*+ operand could be empty"},
-        {"emptiness is seen before nesting",    "(a?)**",                         "*+ operand could be empty"},
-        {"sign after sign",                     "a**",                            "nested *?+"               },
-        {"no lazy repetition",                  "a*?",                            "nested *?+"               },
-        {"sign at the front",                   "*a",                             "?+* follows nothing"      },
-        {"sign at the front of a group",        "(?a)",                           "?+* follows nothing"      },
-        {"sign at the front of an alternative", "a|+",                            "?+* follows nothing"      },
-        {"range from high to low",              "[b-a]",                          "invalid [] range"         },
-        {"range compared as unsigned bytes",    "[\xff-a]",                       "invalid [] range"         },
-        {"set left open",                       "[a",                             "unmatched []"             },
-        {"a bracket at the front is literal",   "[]",                             "unmatched []"             },
-        {"set left open after a hyphen",        "[a-",                            "unmatched []"             },
-        {"nothing to escape",                   "ab\\",                           "trailing \\"              },
-        {"the first fault counts",              "[b-a](",                         "invalid [] range"         },
+        {"ten groups",                       "(a)(a)(a)(a)(a)(a)(a)(a)(a)(a)", "too many ()"              },
+        {"ten groups, none closed",          "((((((((((",                     "too many ()"              },
+        {"emptiness is seen before nesting", "(a?)**",                         "*+ operand could be empty"},
+        {"range compared as unsigned bytes", "[\xff-a]",                       "invalid [] range"         },
+        {"the first fault counts",           "[b-a](",                         "invalid [] range"         },
     };
 
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.why);
-        EXPECT_EQ(fault_of(c.pattern), refusal(c.reason));
-    }
+    for (const auto &c : cases)
+        EXPECT_EQ(fault_of(c.pattern), refusal(c.reason)) << c.why;
     EXPECT_EQ(messages_of([] { EXPECT_EQ(qz_regcomp(nullptr), nullptr); }),
               refusal("NULL argument"));
 }
@@ -95,54 +71,35 @@ TEST(Regex, LimitsTheSize)
 TEST(Regex, FindsTheSubMatches)
 {
     const struct {
-        const char *why;
-        const char *pattern;
-        const char *text;
+        const char *why, *pattern, *text;
         const char *expected; ///< the sub-matches between "|", "~" for none; nullptr for no match
     } cases[] = {
-        {"empty text",                         "a*",                          "",              "|"            },
-        {"anchored at the start",              "^ab",                         "abc",           "|ab"          },
-        {"anchored elsewhere",                 "^ab",                         "cab",           nullptr        },
-        {"at the end",                         "b$",                          "ab",            "|b"           },
-        {"not at the end",                     "b$",                          "ba",            nullptr        },
-        {"start of line inside",               "a|^b",                        "xb",            nullptr        },
-        {"leftmost, not longest",              "a|ab|bcd",                    "xabcd",         "|a"           },
-        {"greedy",                             "a.*c",                        "abcabcab",      "|abcabc"      },
-        {"gives back one at a time",           "(a*)(ab)*(b*)",               "aabb",          "|aabb|aa|~|bb"},
-        {"the last repetition is reported",    "(a|b(c))*",                   "bca",           "|bca|a|c"     },
-        {"an iteration that failed is undone", "((a)|b)*c",                   "abcab",         "|abc|b|a"     },
-        {"optional left out",                  "a(b)?c",                      "ac",            "|ac|~"        },
-        {"versions of a product",              "^plindra-v[0-9]+(.[0-9]+)?$", "plindra-v12.3",
-         "|plindra-v12.3|.3"                                                                                  },
-        {"a dot is any byte, even a newline",  "a.b",                         "a\nb",          "|a\nb"        },
-        {"bracket first in a set",             "[]a]+",                       "x]a]",          "|]a]"         },
-        {"hyphen first and last",              "[-a][b-]",                    "a--",           "|a-"          },
-        {"range from a bracket",               "[]-a]+",                      "[^_`a",         "|^_`a"        },
-        {"range goes on from a range",         "[a-c-e]+",                    "xdex",          "|de"          },
-        {"special characters in a set",        "[.*\\]+",                     "a\\*.",         "|\\*."        },
-        {"escapes",                            "\\(\\a\\\\",                  "(a\\",          "|(a\\"        },
-        {"bytes above 127",                    "[\xc0-\xff]\x80+",            "a\xc3\x80\x80", "|\xc3\x80\x80"},
-        {"not in a set, above 127",            "[^a-z]",                      "ab\xff",        "|\xff"        },
-        {"empty alternative",                  "a(b|)c",                      "ac",            "|ac|"         },
-        {"the last of a repeated letter",      "a*b.*c$",                     "ab c ccx c",    "|ab c ccx c"  },
+        {"versions of a product",             "^b-v[0-9]+(.[0-9]+)?$", "b-v12.3",       "|b-v12.3|.3"  },
+        {"and others",                        "^b-v[0-9]+(.[0-9]+)?$", "b-v12.3x",      nullptr        },
+        {"gives back one at a time",          "(a*)(ab)*(b*)",         "aabb",          "|aabb|aa|~|bb"},
+        {"the last repetition is reported",   "(a|b(c))*",             "bca",           "|bca|a|c"     },
+        {"a dot is any byte, even a newline", "a.b",                   "a\nb",          "|a\nb"        },
+        {"bracket first in a set",            "[]a]+",                 "x]a]",          "|]a]"         },
+        {"range from a bracket",              "[]-a]+",                "[^_`a",         "|^_`a"        },
+        {"range goes on from a range",        "[a-c-e]+",              "xdex",          "|de"          },
+        {"special characters in a set",       "[.*\\]+",               "a\\*.",         "|\\*."        },
+        {"escapes",                           "\\\\\\)\\a",            "(\\)a",         "|\\)a"        },
+        {"bytes above 127",                   "[\xc0-\xff]\x80+",      "a\xc3\x80\x80", "|\xc3\x80\x80"},
+        {"not in a set, above 127",           "[^a-z]",                "ab\xff",        "|\xff"        },
     };
 
     for (const auto &c : cases) {
         SCOPED_TRACE(c.why);
         const Program program = compiled(c.pattern);
         ASSERT_NE(program, nullptr);
+        const std::string pattern = c.pattern;
+        const auto groups = std::count(pattern.begin(), pattern.end(), '(');
         std::string found;
-        const std::string_view pattern = c.pattern;
-        const int groups = static_cast<int>(std::count(pattern.begin(), pattern.end(), '('));
-        const int matched = qz_regexec(program.get(), c.text);
-        for (int i = 0; matched == 1 && i <= groups; ++i) {
-            if (std::strstr(c.pattern, "\\(") != nullptr && i == groups)
-                break;
+        EXPECT_EQ(qz_regexec(program.get(), c.text), c.expected != nullptr);
+        for (int i = 0; c.expected != nullptr && i <= groups; ++i)
             found += "|" + (program->startp[i] == nullptr
                                 ? "~"
                                 : std::string(program->startp[i], program->endp[i]));
-        }
-        EXPECT_EQ(matched, c.expected != nullptr);
         EXPECT_EQ(found, c.expected == nullptr ? "" : c.expected);
     }
 }
@@ -150,8 +107,7 @@ TEST(Regex, FindsTheSubMatches)
 TEST(Regex, KnowsHowAMatchStarts)
 {
     const struct {
-        const char *why;
-        const char *pattern;
+        const char *why, *pattern;
         char first;
         int anchored;
         std::string required;

@@ -7,6 +7,8 @@
 #include "qzerr.hpp"
 #include "qztoken.h"
 
+#include <gtest/gtest.h>
+
 #include <initializer_list>
 #include <string>
 
