@@ -1,11 +1,9 @@
 #include "errors/message_sink.h"
 #include "qzerr.hpp"
-
-#include <gtest/gtest.h>
+#include "thrown.h"
 
 #include <optional>
 #include <stdexcept>
-#include <string>
 #include <utility>
 
 namespace {
@@ -70,12 +68,9 @@ TEST(Capture, NestedCapturesKeepTheirOwnMessagesAndTheSilence)
 TEST(Capture, ABadIdIsRefused)
 {
     for (int id : {99, -7}) {
-        try {
-            CaptureQZErr capture(id);
-            ADD_FAILURE() << id << " was taken";
-        } catch (const std::out_of_range &error) {
-            EXPECT_EQ(error.what(), "Invalid qzerr handle: " + std::to_string(id));
-        }
+        const auto capture = [id] { const CaptureQZErr refused(id); };
+        EXPECT_EQ(qz::test::thrown<std::out_of_range>(capture),
+                  "Invalid qzerr handle: " + std::to_string(id));
     }
 }
 

@@ -1,9 +1,8 @@
 #include "errors/message_sink.h"
 #include "qzerr.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -16,18 +15,17 @@ int make()
 
 TEST(Handlers, TheLowestFreeIdIsUsedAgain)
 {
-    const int first = make();
-    const int second = make();
-    const int third = make();
-    EXPECT_EQ(first, 1);
-    qzerr_delete(second);
-    EXPECT_EQ(make(), second);
-    for (int id : {third, second, first})
+    EXPECT_EQ(make(), 1);
+    EXPECT_EQ(make(), 2);
+    EXPECT_EQ(make(), 3);
+    qzerr_delete(2);
+    EXPECT_EQ(make(), 2);
+    for (int id : {3, 2, 1})
         qzerr_delete(id);
-    EXPECT_EQ(make(), first);
-    EXPECT_EQ(make(), second);
-    qzerr_delete(first);
-    qzerr_delete(second);
+    EXPECT_EQ(make(), 1);
+    EXPECT_EQ(make(), 2);
+    qzerr_delete(1);
+    qzerr_delete(2);
 }
 
 TEST(Handlers, AUsedSlotStartsAsANewOne)
@@ -128,10 +126,7 @@ TEST(Handlers, Prefix)
 
 TEST(Handlers, ReturnCodeTextsLastForTenCalls)
 {
-    const struct {
-        unsigned level;
-        const char *text;
-    } cases[] = {
+    const std::pair<unsigned, const char *> cases[] = {
         {0,   "QZERR_BUMMER"         },
         {4,   "QZERR_WARNING"        },
         {7,   "QZERR_LEVEL UNDEFINED"},
@@ -139,13 +134,13 @@ TEST(Handlers, ReturnCodeTextsLastForTenCalls)
         {~0U, "(bogus QZERR level)"  },
     };
 
-    const char *texts[5];
-    for (int i = 0; i < 5; ++i)
-        texts[i] = qzerr_return_code(cases[i].level);
+    std::vector<const char *> texts;
+    for (const auto &[level, text] : cases)
+        texts.push_back(qzerr_return_code(level));
     for (int i = 0; i < 5; ++i)
         qzerr_return_code(QZERR_DEBUG);
-    for (int i = 0; i < 5; ++i)
-        EXPECT_STREQ(texts[i], cases[i].text);
+    for (std::size_t i = 0; i < texts.size(); ++i)
+        EXPECT_STREQ(texts[i], cases[i].second);
     EXPECT_EQ(qzerr_return_code(QZERR_INFO), texts[0]);
 }
 

@@ -2,10 +2,8 @@
 #include "errors/message.h"
 #include "qzerr.hpp"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
-#include <string>
+#include <optional>
 #include <thread>
 
 using halcyra::qzlibs::RedirectQzerrToPythonStderr;
@@ -74,12 +72,10 @@ TEST(Redirection, LongMessagesGoInPieces)
             SCOPED_TRACE(c.why);
             const RecordingInterpreter interpreter;
             const RedirectQzerrToPythonStderr redirect;
-            if (newline) {
-                const qz::errors::NewlineAfterMessages after;
-                say(c.text.c_str());
-            } else {
-                say(c.text.c_str());
-            }
+            std::optional<qz::errors::NewlineAfterMessages> after;
+            if (newline)
+                after.emplace();
+            say(c.text.c_str());
             const std::string pieces = interpreter.pieces();
             std::string whole = pieces;
             whole.erase(std::remove(whole.begin(), whole.end(), '|'), whole.end());

@@ -3,6 +3,8 @@
 
 #include "qzerr.h"
 
+#include <gtest/gtest.h>
+
 #include <cstdio>
 #include <string>
 

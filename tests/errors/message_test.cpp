@@ -3,12 +3,9 @@
 #include "qzerr.h"
 #include "qzerr.hpp"
 
-#include <gtest/gtest.h>
-
 #include <cstdio>
 #include <cstring>
 #include <set>
-#include <string>
 
 namespace {
 
@@ -32,8 +29,7 @@ TEST(Throw, FiltersByLevelAndNotesTheHighest)
 {
     const struct {
         const char *why;
-        unsigned threshold;
-        unsigned level;
+        unsigned threshold, level;
         const char *printed;
         unsigned max_level;
     } cases[] = {
@@ -114,8 +110,7 @@ TEST(Throw, AFailedDestinationSkipsTheNextOnes)
         int (*window)(const char *);
         bool suppressed;
         int result;
-        const char *shown;
-        const char *captured;
+        const char *shown, *captured;
     } cases[] = {
         {"all take it",               working, record, false, 1, "FATAL x", "FATAL x"},
         {"no stream",                 nullptr, record, false, 1, "FATAL x", "FATAL x"},

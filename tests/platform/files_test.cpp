@@ -24,8 +24,7 @@ TEST_F(Files, TheSameReasonOnEverySystem)
 
     const struct {
         const char *why;
-        int result;
-        int reason;
+        int result, reason;
     } cases[] = {
         {"a directory that is there",       make_directory(full),           EEXIST },
         {"below what is not there",         make_directory(none + "/a"),    ENOENT },

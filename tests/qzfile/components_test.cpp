@@ -1,16 +1,11 @@
 #include "qzfile/scene.h"
 
-#include <gtest/gtest.h>
-
 using scene::taken;
 
 namespace {
 
 struct JoinCase {
-    const char *why;
-    const char *dir;
-    const char *component;
-    const char *joined;
+    const char *why, *dir, *component, *joined;
 };
 
 const JoinCase kJoinCases[] = {
@@ -27,12 +22,7 @@ const JoinCase kJoinCases[] = {
 };
 
 struct SplitCase {
-    const char *why;
-    const char *path;
-    const char *without_last;
-    const char *last;
-    const char *dir;
-    const char *base;
+    const char *why, *path, *without_last, *last, *dir, *base;
 };
 
 const SplitCase kSplitCases[] = {

@@ -1,10 +1,8 @@
 #include "qzfile/scene.h"
 
 #include <QByteArray>
-#include <gtest/gtest.h>
 
 #include <cstdio>
-#include <string>
 
 using Digests = scene::Scene;
 

@@ -1,10 +1,6 @@
 #include "qzfile/plain_line_endings.h"
 #include "qzfile/scene.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-
 using scene::Messages;
 
 namespace fs = std::filesystem;

@@ -1,10 +1,7 @@
 #include "account.h"
 #include "qzfile/scene.h"
 
-#include <gtest/gtest.h>
-
 #include <cstring>
-#include <string>
 #include <vector>
 
 using scene::Messages;
@@ -31,8 +28,7 @@ TEST_F(Expansion, Syntax)
 {
     const struct {
         const char *why;
-        std::string text;
-        std::string expansion;
+        std::string text, expansion;
     } cases[] = {
         {"ordinary text stays, separators too", "a/b\\c d",              "a/b\\c d"     },
         {"variables",                           "$QZ_TEST_A/$QZ_TEST_A", "one/one"      },
@@ -75,8 +71,7 @@ TEST_F(Expansion, ReportsAnUnknownUserAndGoesOn)
                                 "user 'qfile_nobody'\n";
 
     const struct {
-        const char *why;
-        const char *text;
+        const char *why, *text;
         int result;
         std::string expansion;
     } cases[] = {
@@ -108,8 +103,7 @@ TEST_F(Expansion, InPlace)
     const struct {
         const char *why;
         std::string text;
-        int size;
-        int result;
+        int size, result;
         std::string left;
     } cases[] = {
         {"a result of exactly size gets its end behind it", "a$QZ_TEST_A/",   5,    0,  "aone/"      },

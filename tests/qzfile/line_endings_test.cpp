@@ -39,8 +39,7 @@ std::string converted(const std::string &file, std::size_t block_bytes)
 
 struct EndingCase {
     const char *why;
-    std::string file;
-    std::string result;
+    std::string file, result;
 };
 
 const std::string k1021(1021, 'x');

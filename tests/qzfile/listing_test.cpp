@@ -1,10 +1,7 @@
 #include "qzfile/scene.h"
 
-#include <gtest/gtest.h>
-
 #include <climits>
 #include <set>
-#include <string>
 
 using scene::Messages;
 
@@ -39,8 +36,7 @@ TEST_F(Listing, FiltersNames)
         touch(name);
 
     const struct {
-        const char *why;
-        const char *pattern;
+        const char *why, *pattern;
         Names names;
     } cases[] = {
         {"anchored",                     "^abc", {"abc1", "abc2"}                   },
@@ -74,8 +70,7 @@ TEST_F(Listing, CutsNothingAndEndsWhatHasRoom)
     char name[8] = "#######";
 
     const struct {
-        int size;
-        int result;
+        int size, result;
         const char *left;
     } cases[] = {
         {4,  -1, "#######"},

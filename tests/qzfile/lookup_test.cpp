@@ -1,9 +1,5 @@
 #include "qzfile/scene.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-
 using scene::Messages;
 using scene::taken;
 
@@ -37,8 +33,7 @@ protected:
 };
 
 struct LookupCase {
-    const char *why;
-    const char *name;
+    const char *why, *name;
     int type;
     const char *path;
 };

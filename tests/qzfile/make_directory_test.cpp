@@ -1,7 +1,5 @@
 #include "qzfile/scene.h"
 
-#include <gtest/gtest.h>
-
 #include <cerrno>
 
 using scene::Messages;

@@ -4,10 +4,7 @@
 #include "platform/shell_folders.h"
 #include "qzfile/scene.h"
 
-#include <gtest/gtest.h>
-
 #include <optional>
-#include <string>
 
 using scene::Messages;
 using MissingFolders = scene::Scene;

@@ -1,10 +1,7 @@
 #include "qzfile/qzfile/qzfile/open_files.h"
 #include "qzfile/scene.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdio>
-#include <string>
 #include <vector>
 
 using scene::Messages;
@@ -92,10 +89,7 @@ TEST_F(OpenFiles, WritesInTheWorkingDirectoryAndNotOnTheSearchPath)
 }
 
 struct RefusedCase {
-    const char *why;
-    const char *name;
-    const char *mode;
-    const char *message;
+    const char *why, *name, *mode, *message;
 };
 
 const RefusedCase kRefusedCases[] = {

@@ -1,11 +1,8 @@
 #include "qzfile.hpp"
 #include "qzfile/scene.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <stdexcept>
-#include <string>
 
 using scene::Messages;
 using scene::taken;
@@ -35,8 +32,7 @@ TEST_F(ProductDirectories, FindsTheOneWithAVersion)
     const std::string root = root_.string() + "\\";
 
     const struct {
-        const char *why;
-        const char *product;
+        const char *why, *product;
         int result;
         std::string directory;
     } cases[] = {

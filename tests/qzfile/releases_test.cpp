@@ -1,10 +1,7 @@
 #include "qzfile.hpp"
 #include "qzfile/scene.h"
 
-#include <gtest/gtest.h>
-
 #include <iterator>
-#include <string>
 
 TEST(Releases, NewestFirst)
 {
@@ -35,9 +32,7 @@ TEST(Releases, NewestFirst)
 TEST(Releases, Compare)
 {
     const struct {
-        const char *why;
-        const char *a;
-        const char *b;
+        const char *why, *a, *b;
         int result;
     } cases[] = {
         {"within a year",                    "2025-3",  "2025-2", 1 },

@@ -1,9 +1,6 @@
 #include "qzfile/scene.h"
 
-#include <gtest/gtest.h>
-
 #include <cerrno>
-#include <string>
 
 using scene::Messages;
 

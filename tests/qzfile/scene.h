@@ -3,6 +3,7 @@
 
 #include "qzerr.hpp"
 #include "qzfile.h"
+#include "thrown.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -49,16 +50,7 @@ inline std::string taken(char *text)
     return copy;
 }
 
-/// The text that a call throws; "" when it throws nothing.
-template <typename Error, typename Call> std::string thrown(Call call)
-{
-    try {
-        call();
-    } catch (const Error &error) {
-        return error.what();
-    }
-    return "";
-}
+using qz::test::thrown;
 
 /// A directory of its own that is the working directory and holds the user's home; variables that
 /// steer the library are set for the test alone.

@@ -2,10 +2,7 @@
 #include "qzfile/qzfile/qzfile/search_path.h"
 #include "qzfile/scene.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdio>
-#include <string>
 
 using scene::Messages;
 using scene::taken;
@@ -36,8 +33,7 @@ protected:
 };
 
 struct ListCase {
-    const char *why;
-    const char *list;
+    const char *why, *list;
     const char *entries; ///< each with a '|' behind it
 };
 

@@ -4,12 +4,10 @@
 
 #include <boost/filesystem/exception.hpp>
 #include <boost/filesystem/operations.hpp>
-#include <gtest/gtest.h>
 
 #include <regex>
 #include <set>
 #include <stdexcept>
-#include <string>
 
 using scene::Messages;
 using scene::taken;
