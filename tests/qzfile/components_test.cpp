@@ -2,48 +2,24 @@
 
 using scene::taken;
 
-namespace {
-
-struct JoinCase {
-    const char *why, *dir, *component, *joined;
-};
-
-const JoinCase kJoinCases[] = {
-    {"a separator is added",                 "a",     "b",     "a\\b"  },
-    {"the directory has it",                 "a\\",   "b",     "a\\b"  },
-    {"the component has it",                 "a",     "\\b",   "a\\b"  },
-    {"both have it: the component's goes",   "a\\",   "\\b",   "a\\b"  },
-    {"a slash is no separator here",         "a/",    "/b",    "a/\\/b"},
-    {"no directory",                         "",      "b",     "b"     },
-    {"null directory",                       nullptr, "\\b",   "\\b"   },
-    {"no component",                         "a\\",   "",      "a\\"   },
-    {"nothing at all",                       "",      nullptr, "(null)"},
-    {"only the leading one of several goes", "a\\",   "\\\\b", "a\\\\b"},
-};
-
-struct SplitCase {
-    const char *why, *path, *without_last, *last, *dir, *base;
-};
-
-const SplitCase kSplitCases[] = {
-    {"the last separator decides",      "a\\b\\c",    "a\\b",    "c",      "a\\b",   "c"     },
-    {"no separator",                    "abc",        "",        "abc",    "(null)", "abc"   },
-    {"a slash is no separator here",    "a/b",        "",        "a/b",    "(null)", "a/b"   },
-    {"trailing separator",              "a\\",        "a",       "",       "a",      "(null)"},
-    {"a run of separators closes dir",  "a\\\\\\b",   "a\\\\",   "b",      "a",      "b"     },
-    {"a root keeps one separator",      "\\f",        "",        "f",      "\\",     "f"     },
-    {"a long root keeps one separator", "\\\\\\f",    "\\\\",    "f",      "\\",     "f"     },
-    {"only parsing stops at a newline", "a\\b\nc\\d", "a\\b\nc", "d",      "a",      "b"     },
-    {"nothing before the newline",      "\na\\b",     "\na",     "b",      "(null)", ""      },
-    {"empty",                           "",           "(null)",  "(null)", "(null)", "(null)"},
-    {"null",                            nullptr,      "(null)",  "(null)", "(null)", "(null)"},
-};
-
-} // namespace
-
 TEST(Components, Join)
 {
-    for (const JoinCase &c : kJoinCases) {
+    const struct {
+        const char *why, *dir, *component, *joined;
+    } cases[] = {
+        {"a separator is added",                 "a",     "b",     "a\\b"  },
+        {"the directory has it",                 "a\\",   "b",     "a\\b"  },
+        {"the component has it",                 "a",     "\\b",   "a\\b"  },
+        {"both have it: the component's goes",   "a\\",   "\\b",   "a\\b"  },
+        {"a slash is no separator here",         "a/",    "/b",    "a/\\/b"},
+        {"no directory",                         "",      "b",     "b"     },
+        {"null directory",                       nullptr, "\\b",   "\\b"   },
+        {"no component",                         "a\\",   "",      "a\\"   },
+        {"nothing at all",                       "",      nullptr, "(null)"},
+        {"only the leading one of several goes", "a\\",   "\\\\b", "a\\\\b"},
+    };
+
+    for (const auto &c : cases) {
         SCOPED_TRACE(c.why);
         EXPECT_EQ(taken(qzfile_add_component(c.dir, c.component)), c.joined);
     }
@@ -51,7 +27,23 @@ TEST(Components, Join)
 
 TEST(Components, Split)
 {
-    for (const SplitCase &c : kSplitCases) {
+    const struct {
+        const char *why, *path, *without_last, *last, *dir, *base;
+    } cases[] = {
+        {"the last separator decides",      "a\\b\\c",    "a\\b",    "c",      "a\\b",   "c"     },
+        {"no separator",                    "abc",        "",        "abc",    "(null)", "abc"   },
+        {"a slash is no separator here",    "a/b",        "",        "a/b",    "(null)", "a/b"   },
+        {"trailing separator",              "a\\",        "a",       "",       "a",      "(null)"},
+        {"a run of separators closes dir",  "a\\\\\\b",   "a\\\\",   "b",      "a",      "b"     },
+        {"a root keeps one separator",      "\\f",        "",        "f",      "\\",     "f"     },
+        {"a long root keeps one separator", "\\\\\\f",    "\\\\",    "f",      "\\",     "f"     },
+        {"only parsing stops at a newline", "a\\b\nc\\d", "a\\b\nc", "d",      "a",      "b"     },
+        {"nothing before the newline",      "\na\\b",     "\na",     "b",      "(null)", ""      },
+        {"empty",                           "",           "(null)",  "(null)", "(null)", "(null)"},
+        {"null",                            nullptr,      "(null)",  "(null)", "(null)", "(null)"},
+    };
+
+    for (const auto &c : cases) {
         SCOPED_TRACE(c.why);
         EXPECT_EQ(taken(qzfile_remove_component(c.path)), c.without_last);
         EXPECT_EQ(taken(qzfile_get_last_component(c.path)), c.last);

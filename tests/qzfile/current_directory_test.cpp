@@ -4,19 +4,15 @@
 #include <functional>
 
 using scene::Messages;
-using scene::taken;
+
+using CurrentDirectory = scene::Scene;
 
 namespace {
 
-class CurrentDirectory : public scene::Scene {
-protected:
-    static std::string current()
-    {
-        char *out = nullptr;
-        qzfile_dir_current_get(&out);
-        return taken(out);
-    }
-};
+std::string current()
+{
+    return scene::given_by(qzfile_dir_current_get);
+}
 
 } // namespace
 

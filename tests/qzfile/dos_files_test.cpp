@@ -39,6 +39,7 @@ TEST_F(DosFiles, AreConvertedAndKeepTheirPermissions)
     while (lines.size() < 700'000)
         lines += "line " + std::to_string(lines.size()) + (lines.size() % 7 ? "\r\n" : "\n");
     write("file", "\r\n" + lines);
+    write("file.tmp", "what a killed conversion left");
     const auto secret = fs::perms::owner_read | fs::perms::group_read;
     fs::permissions(root_ / "file", secret);
     const auto kept = fs::status(root_ / "file").permissions();
@@ -75,15 +76,6 @@ TEST_F(DosFiles, ALinkGoesOnToNameTheFile)
     EXPECT_TRUE(fs::is_symlink(root_ / "link"));
     EXPECT_EQ(read("data/file"), "a\n");
     EXPECT_EQ(read("theirs"), "theirs") << "nothing is written through a link";
-}
-
-TEST_F(DosFiles, WhatAKilledConversionLeftIsReplaced)
-{
-    write("file", "a\r\n");
-    write("file.tmp", "half of something else");
-    EXPECT_EQ(qzfile_dos_to_unix("file"), 0);
-    EXPECT_EQ(read("file"), "a\n");
-    EXPECT_FALSE(is_there("file.tmp"));
 }
 
 TEST_F(DosFiles, AreConvertedTogether)

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <vector>
 
+using scene::given_by;
 using scene::Messages;
 using scene::taken;
 
@@ -47,21 +48,15 @@ TEST_F(Expansion, Syntax)
         {"empty",                               "",                      ""             },
     };
 
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.why);
-        char *out = nullptr;
-        EXPECT_EQ(qzfile_dir_expand(c.text.c_str(), &out), 0);
-        EXPECT_EQ(taken(out), c.expansion);
-    }
+    for (const auto &c : cases)
+        EXPECT_EQ(given_by(qzfile_dir_expand, c.text.c_str()), c.expansion) << c.why;
 }
 
 TEST_F(Expansion, AComputedDirectoryIsMade)
 {
     if (!qz::test::may_write_to_profile())
         GTEST_SKIP() << qz::test::kForeignProfile;
-    char *out = nullptr;
-    EXPECT_EQ(qzfile_dir_expand("$USERDATA/x", &out), 0);
-    EXPECT_EQ(taken(out), profile() + "\\Halcyra/x");
+    EXPECT_EQ(given_by(qzfile_dir_expand, "$USERDATA/x"), profile() + "\\Halcyra/x");
     EXPECT_TRUE(is_there(home_ + "/Halcyra"));
 }
 
@@ -91,9 +86,9 @@ TEST_F(Expansion, ReportsAnUnknownUserAndGoesOn)
     }
     unset("HALCYRA_APPDATA_OVERRIDE");
     Messages messages;
-    EXPECT_EQ(qzfile_dir_user_home(nullptr, &out), -1);
+    const char *const no_name = nullptr;
+    EXPECT_EQ(given_by(qzfile_dir_user_home, no_name), "(null)");
     EXPECT_EQ(messages.text(), "WARNING qzfile_dir_user_home: null user name given\n");
-    EXPECT_EQ(out, nullptr);
 }
 
 TEST_F(Expansion, InPlace)

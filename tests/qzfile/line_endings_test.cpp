@@ -37,29 +37,27 @@ std::string converted(const std::string &file, std::size_t block_bytes)
     return result;
 }
 
-struct EndingCase {
-    const char *why;
-    std::string file, result;
-};
-
 const std::string k1021(1021, 'x');
-
-const EndingCase kEndingCases[] = {
-    {"usual lines",                           "a\r\n\r\nb\r\n",          "a\n\nb\n"      },
-    {"mixed lines",                           "a\r\nb\nc\r\nd",          "a\nb\nc\nd"    },
-    {"what follows in the line goes",         "a\rb\rc\nd\r\n",          "a\rb\nd\n"     },
-    {"the last line need not end",            "a\r\nb\r",                "a\nb\n"        },
-    {"a NUL is a byte",                       "a\0b\r\n\0c\n"s,          "a\0b\n\0c\n"s  },
-    {"a line that fills its piece",           k1021 + "\r\n",            k1021 + "\n"    },
-    {"a line feed alone in the next piece",   k1021 + "x\r\ny",          k1021 + "x\n\ny"},
-    {"only the piece with the return is cut", "a\rb" + k1021 + "d\re\n", "a\nxd\n"       },
-};
 
 } // namespace
 
 TEST(LineEndings, Cases)
 {
-    for (const EndingCase &c : kEndingCases) {
+    const struct {
+        const char *why;
+        std::string file, result;
+    } cases[] = {
+        {"usual lines",                           "a\r\n\r\nb\r\n",          "a\n\nb\n"      },
+        {"mixed lines",                           "a\r\nb\nc\r\nd",          "a\nb\nc\nd"    },
+        {"what follows in the line goes",         "a\rb\rc\nd\r\n",          "a\rb\nd\n"     },
+        {"the last line need not end",            "a\r\nb\r",                "a\nb\n"        },
+        {"a NUL is a byte",                       "a\0b\r\n\0c\n"s,          "a\0b\n\0c\n"s  },
+        {"a line that fills its piece",           k1021 + "\r\n",            k1021 + "\n"    },
+        {"a line feed alone in the next piece",   k1021 + "x\r\ny",          k1021 + "x\n\ny"},
+        {"only the piece with the return is cut", "a\rb" + k1021 + "d\re\n", "a\nxd\n"       },
+    };
+
+    for (const auto &c : cases) {
         SCOPED_TRACE(c.why);
         EXPECT_EQ(converted(c.file, 4096), c.result);
         EXPECT_EQ(plain_line_endings(c.file), c.result);

@@ -1,7 +1,6 @@
 #include "qzfile/scene.h"
 
 using scene::Messages;
-using scene::taken;
 
 namespace {
 
@@ -24,42 +23,38 @@ protected:
 
     static std::string found(const std::string &name, int type)
     {
-        char *out = nullptr;
-        const int status = qzfile_find(name.c_str(), type, &out);
-        EXPECT_EQ(status, out ? 0 : -1);
-        EXPECT_EQ(qzfile_exists(name.c_str(), type), status);
-        return taken(out);
+        const std::string path = scene::given_by(qzfile_find, name.c_str(), type);
+        EXPECT_EQ(qzfile_exists(name.c_str(), type), path == "(null)" ? -1 : 0);
+        return path;
     }
-};
-
-struct LookupCase {
-    const char *why, *name;
-    int type;
-    const char *path;
-};
-
-const LookupCase kLookupCases[] = {
-    {"what stands for nothing is skipped", "x.dat",         kFile,      ".\\x.dat"            },
-    {"the separator comes always",         "only.dat",      kFile,      "one\\\\only.dat"     },
-    {"the first directory wins",           "both.dat",      kFile,      "one\\\\both.dat"     },
-    {"with directories, either separator", "sub/deep.dat",  kFile,      "one\\\\sub/deep.dat" },
-    {"with directories",                   "sub\\deep.dat", kFile,      "one\\\\sub\\deep.dat"},
-    {"a directory is no file",             "sub.dat",       kFile,      "(null)"              },
-    {"a file is no directory",             "x.dat",         kDirectory, "(null)"              },
-    {"a directory",                        "sub.dat",       kDirectory, "two\\sub.dat"        },
-    {"the directory itself",               "",              kDirectory, ".\\"                 },
-    {"neither",                            "none.dat",      kFile,      "(null)"              },
-    {"there is no such type",              "x.dat",         2,          "(null)"              },
-    {"nor such a one",                     "x.dat",         -1,         "(null)"              },
-    {"a drive names nothing here",         "Q:x.dat",       kFile,      "(null)"              },
 };
 
 } // namespace
 
 TEST_F(Lookup, ByRelativeName)
 {
+    const struct {
+        const char *why, *name;
+        int type;
+        const char *path;
+    } cases[] = {
+        {"what stands for nothing is skipped", "x.dat",         kFile,      ".\\x.dat"            },
+        {"the separator comes always",         "only.dat",      kFile,      "one\\\\only.dat"     },
+        {"the first directory wins",           "both.dat",      kFile,      "one\\\\both.dat"     },
+        {"with directories, either separator", "sub/deep.dat",  kFile,      "one\\\\sub/deep.dat" },
+        {"with directories",                   "sub\\deep.dat", kFile,      "one\\\\sub\\deep.dat"},
+        {"a directory is no file",             "sub.dat",       kFile,      "(null)"              },
+        {"a file is no directory",             "x.dat",         kDirectory, "(null)"              },
+        {"a directory",                        "sub.dat",       kDirectory, "two\\sub.dat"        },
+        {"the directory itself",               "",              kDirectory, ".\\"                 },
+        {"neither",                            "none.dat",      kFile,      "(null)"              },
+        {"there is no such type",              "x.dat",         2,          "(null)"              },
+        {"nor such a one",                     "x.dat",         -1,         "(null)"              },
+        {"a drive names nothing here",         "Q:x.dat",       kFile,      "(null)"              },
+    };
+
     Messages messages;
-    for (const LookupCase &c : kLookupCases) {
+    for (const auto &c : cases) {
         SCOPED_TRACE(c.why);
         EXPECT_EQ(found(c.name, c.type), c.path);
     }

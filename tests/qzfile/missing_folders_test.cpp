@@ -4,8 +4,6 @@
 #include "platform/shell_folders.h"
 #include "qzfile/scene.h"
 
-#include <optional>
-
 using scene::Messages;
 using MissingFolders = scene::Scene;
 
@@ -19,10 +17,7 @@ TEST_F(MissingFolders, AreSaid)
     const std::string local = "halcyra_local_appdata_dir: Unable to get local appdata";
     const std::string temp = "get_halcyra_temp: Unable to get local appdata";
 
-    const struct {
-        int (*function)(char **);
-        std::string said;
-    } cases[] = {
+    const std::pair<int (*)(char **), std::string> cases[] = {
         {qzfile_halcyra_appdata_dir,       "halcyra_appdata_dir: Unable to get appdata"             },
         {qzfile_halcyra_local_appdata_dir, local                                                    },
         {qzfile_halcyra_userdata_dir,      "halcyra_userdata_dir: Unable to get userdata"           },
@@ -32,12 +27,9 @@ TEST_F(MissingFolders, AreSaid)
         {qzfile_get_mynetworkplaces_dir,   "halcyra_mynetworkplaces_dir: Unable to get my documents"},
     };
 
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.said);
+    for (const auto &[function, said] : cases) {
         Messages messages;
-        char *out = nullptr;
-        EXPECT_EQ(c.function(&out), -1);
-        EXPECT_EQ(out, nullptr);
-        EXPECT_EQ(messages.text(), "WARNING qzfile_" + c.said + " directory\n");
+        EXPECT_EQ(scene::given_by(function), "(null)");
+        EXPECT_EQ(messages.text(), "WARNING qzfile_" + said + " directory\n");
     }
 }

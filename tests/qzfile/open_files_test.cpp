@@ -88,26 +88,23 @@ TEST_F(OpenFiles, WritesInTheWorkingDirectoryAndNotOnTheSearchPath)
     EXPECT_EQ(read("data/y.dat"), "");
 }
 
-struct RefusedCase {
-    const char *why, *name, *mode, *message;
-};
-
-const RefusedCase kRefusedCases[] = {
-    {"not on the path",            "none.dat",    "r",  "file not found in search path: \"none.dat\""},
-    {"a directory on the path",    "data",        "r",  "file not found in search path: \"data\""    },
-    {"no name",                    "",            "rb", "file not found in search path: \"\""        },
-    {"nothing there",              "/none/a.dat", "rb", "unable to open file (rb): \"/none/a.dat\""  },
-    {"a drive names nothing here", "Q:\\a",       "r+", "unable to open file (r+): \"Q:\\a\""        },
-    {"a directory is no file",     "/",           "r",  "unable to open file (r): \"/\""             },
-    {"no directory to write in",   "none/a.dat",  "w",
-     "unable to open file for reading: \"none/a.dat\""                                               },
-    {"a directory in the way",     "data",        "ab", "unable to open file for reading: \"data\""  },
-    {"no mode",                    "x.dat",       "",   "unable to open file for reading: \"x.dat\"" },
-};
-
 TEST_F(OpenFiles, SaysWhatCannotBeOpened)
 {
-    for (const RefusedCase &c : kRefusedCases) {
+    const struct {
+        const char *why, *name, *mode, *message;
+    } cases[] = {
+        {"not on the path",            "none.dat",    "r",  "file not found in search path: \"none.dat\""    },
+        {"a directory on the path",    "data",        "r",  "file not found in search path: \"data\""        },
+        {"no name",                    "",            "rb", "file not found in search path: \"\""            },
+        {"nothing there",              "/none/a.dat", "rb", "unable to open file (rb): \"/none/a.dat\""      },
+        {"a drive names nothing here", "Q:\\a",       "r+", "unable to open file (r+): \"Q:\\a\""            },
+        {"a directory is no file",     "/",           "r",  "unable to open file (r): \"/\""                 },
+        {"nowhere to write",           "none/a.dat",  "w",  "unable to open file for reading: \"none/a.dat\""},
+        {"a directory in the way",     "data",        "ab", "unable to open file for reading: \"data\""      },
+        {"no mode",                    "x.dat",       "",   "unable to open file for reading: \"x.dat\""     },
+    };
+
+    for (const auto &c : cases) {
         SCOPED_TRACE(c.why);
         Messages messages;
         FILE *stream = stdin;

@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <stdexcept>
 
+using scene::given_by;
 using scene::Messages;
-using scene::taken;
 using scene::thrown;
 
 namespace {
@@ -33,26 +33,21 @@ TEST_F(ProductDirectories, FindsTheOneWithAVersion)
 
     const struct {
         const char *why, *product;
-        int result;
         std::string directory;
     } cases[] = {
-        {"a whole number",                      "plindra",     0,  root + "plindra-v71131"},
-        {"a number with a point",               "atelio",      0,  root + "atelio-v2025.3"},
-        {"one character and no digits follow",  "korvel",      -1, "(null)"               },
-        {"no number",                           "brevix",      -1, "(null)"               },
-        {"not installed",                       "nordeval",    -1, "(null)"               },
-        {"unknown, but that is not asked here", "sample_data", 0,  root + "sample_data-v5"},
-        {"a word is a pattern as it stands",    "(",           -1, "(null)"               },
-        {"null",                                nullptr,       -1, "(null)"               },
+        {"a whole number",                      "plindra",     root + "plindra-v71131"},
+        {"a number with a point",               "atelio",      root + "atelio-v2025.3"},
+        {"one character and no digits follow",  "korvel",      "(null)"               },
+        {"no number",                           "brevix",      "(null)"               },
+        {"not installed",                       "nordeval",    "(null)"               },
+        {"unknown, but that is not asked here", "sample_data", root + "sample_data-v5"},
+        {"a word is a pattern as it stands",    "(",           "(null)"               },
+        {"null",                                nullptr,       "(null)"               },
     };
 
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.why);
-        Messages of_the_pattern;
-        char *directory = nullptr;
-        EXPECT_EQ(qzfile_find_product_dir(c.product, &directory), c.result);
-        EXPECT_EQ(taken(directory), c.directory);
-    }
+    Messages of_the_pattern;
+    for (const auto &c : cases)
+        EXPECT_EQ(given_by(qzfile_find_product_dir, c.product), c.directory) << c.why;
     namespace path = halcyra::path;
     EXPECT_EQ(qzfile_get_product_dir_path("plindra"), root + "plindra-v71131");
     EXPECT_EQ(path::product_dir("plindra"), boost::filesystem::path(text("plindra-v71131")));
@@ -84,26 +79,14 @@ TEST_F(ProductDirectories, RootsThatAreNone)
 {
     touch("file");
 
-    const struct {
-        const char *why;
-        std::string root;
-    } cases[] = {
-        {"empty",   ""          },
-        {"missing", text("no")  },
-        {"a file",  text("file")},
-        {"a drive", "Q:\\x"     }
-    };
-
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.why);
-        set("HALCYRA", c.root);
+    for (const std::string &root :
+         {std::string(), text("no"), text("file"), std::string("Q:\\x")}) {
+        set("HALCYRA", root);
         Messages messages;
-        char *directory = nullptr;
         testing::internal::CaptureStdout();
-        EXPECT_EQ(qzfile_find_product_dir("plindra", &directory), -1);
+        EXPECT_EQ(given_by(qzfile_find_product_dir, "plindra"), "(null)");
         testing::internal::GetCapturedStdout();
-        EXPECT_EQ(messages.text(), "FATAL Cannot open " + c.root + "\n");
-        EXPECT_EQ(directory, nullptr);
+        EXPECT_EQ(messages.text(), "FATAL Cannot open " + root + "\n");
     }
     unset("HALCYRA");
     EXPECT_TRUE(halcyra::path::halcyra_dir().empty());

@@ -10,10 +10,7 @@ TEST(Releases, NewestFirst)
     EXPECT_EQ(&names, &qzfile_get_past_release_names());
     EXPECT_EQ(names.front(), halcyra::release_name());
 
-    const struct {
-        int place;
-        const char *name;
-    } cases[] = {
+    const std::pair<int, const char *> cases[] = {
         {0,  "2025-3"},
         {2,  "2025-1"},
         {3,  "2024-4"},
@@ -22,11 +19,9 @@ TEST(Releases, NewestFirst)
         {50, "2013"  }
     };
 
-    for (const auto &c : cases)
-        EXPECT_EQ(*std::next(names.begin(), c.place), c.name) << c.place;
-    char *name = nullptr;
-    EXPECT_EQ(qzfile_get_release_name(&name), 0);
-    EXPECT_EQ(scene::taken(name), "2025-3");
+    for (const auto &[place, name] : cases)
+        EXPECT_EQ(*std::next(names.begin(), place), name) << place;
+    EXPECT_EQ(scene::given_by(qzfile_get_release_name), "2025-3");
 }
 
 TEST(Releases, Compare)

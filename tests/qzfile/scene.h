@@ -52,6 +52,16 @@ inline std::string taken(char *text)
 
 using qz::test::thrown;
 
+/// The text that a function gives by its last argument, or "(null)"; its result must say which.
+template <typename... Parameters, typename... Arguments>
+std::string given_by(int (*function)(Parameters...), Arguments... arguments)
+{
+    char *out = nullptr;
+    const int status = function(arguments..., &out);
+    EXPECT_EQ(status, out ? 0 : -1);
+    return taken(out);
+}
+
 /// A directory of its own that is the working directory and holds the user's home; variables that
 /// steer the library are set for the test alone.
 class Scene : public testing::Test {

@@ -1,30 +1,22 @@
+#include "errors/message_sink.h"
 #include "qzfile/qzfile/qzfile/search_list.h"
 #include "qzfile/qzfile/qzfile/search_path.h"
 #include "qzfile/scene.h"
 
-#include <cstdio>
-
 using scene::Messages;
-using scene::taken;
 
 namespace {
 
 std::string path_text()
 {
-    char *out = nullptr;
-    EXPECT_EQ(qzfile_path_get(&out), 0);
-    return taken(out);
+    return scene::given_by(qzfile_path_get);
 }
 
 template <typename Print> std::string printed(Print print)
 {
-    std::FILE *stream = std::tmpfile();
-    print(stream);
-    std::rewind(stream);
-    char text[4096];
-    const std::string result(text, std::fread(text, 1, sizeof text, stream));
-    std::fclose(stream);
-    return result;
+    const MessageSink sink;
+    print(sink.stream());
+    return sink.text();
 }
 
 class SearchPath : public scene::Scene {
@@ -32,31 +24,29 @@ protected:
     SearchPath() { qzfile_path_clear(); }
 };
 
-struct ListCase {
-    const char *why, *list;
-    const char *entries; ///< each with a '|' behind it
-};
-
-const ListCase kListCases[] = {
-    {"both separators, with drives",      "C:\\a;D:\\b",    "C:\\a|D:\\b|"   },
-    {"a slash makes no drive",            "C:/a",           "C|/a|"          },
-    {"a drive by its other separator",    "C;\\a",          "C:\\a|"         },
-    {"the separator itself must be next", "C::\\a",         "C|\\a|"         },
-    {"a drive is one character",          "xC:\\a",         "xC|\\a|"        },
-    {"a drive is an ASCII letter",        "1:\\a:\xE9:\\b", "1|\\a|\xE9|\\b|"},
-    {"a drive after a drive",             "C:\\:D:\\",      "C:\\|D:\\|"     },
-    {"a letter before a drive",           "b:C:\\a",        "b|C:\\a|"       },
-    {"a letter at the end",               "a;C:",           "a|C|"           },
-    {"doubled and outer separators",      ":;a::b;;c;",     "a|b|c|"         },
-    {"nothing but separators",            ":;:",            ""               },
-    {"a server's name",                   "\\\\s\\d:e",     "\\\\s\\d|e|"    },
-};
-
 } // namespace
 
 TEST(SearchList, Splits)
 {
-    for (const ListCase &c : kListCases) {
+    const struct {
+        const char *why, *list;
+        const char *entries; ///< each with a '|' behind it
+    } cases[] = {
+        {"both separators, with drives",      "C:\\a;D:\\b",    "C:\\a|D:\\b|"   },
+        {"a slash makes no drive",            "C:/a",           "C|/a|"          },
+        {"a drive by its other separator",    "C;\\a",          "C:\\a|"         },
+        {"the separator itself must be next", "C::\\a",         "C|\\a|"         },
+        {"a drive is one character",          "xC:\\a",         "xC|\\a|"        },
+        {"a drive is an ASCII letter",        "1:\\a:\xE9:\\b", "1|\\a|\xE9|\\b|"},
+        {"a drive after a drive",             "C:\\:D:\\",      "C:\\|D:\\|"     },
+        {"a letter before a drive",           "b:C:\\a",        "b|C:\\a|"       },
+        {"a letter at the end",               "a;C:",           "a|C|"           },
+        {"doubled and outer separators",      ":;a::b;;c;",     "a|b|c|"         },
+        {"nothing but separators",            ":;:",            ""               },
+        {"a server's name",                   "\\\\s\\d:e",     "\\\\s\\d|e|"    },
+    };
+
+    for (const auto &c : cases) {
         SCOPED_TRACE(c.why);
         std::string entries;
         for (const std::string &entry : qz::file::split_search_list(c.list))
@@ -129,13 +119,10 @@ TEST_F(SearchPath, SaysWhereADirectoryComesFrom)
     EXPECT_EQ(qzfile_path_add_cwd(), 0);
     EXPECT_EQ(qzfile_path_add_home(), 0);
     EXPECT_EQ(qzfile_path_add_cwd(), 0) << "it is there";
-    EXPECT_EQ(printed(qzfile_path_print), "QZFILE search path:  id = 0\n"
-                                          "item:1  cwd:0 home:0  dir:C:\\a\n"
-                                          "item:2  cwd:1 home:0  dir:" +
-                                              root_.string() +
-                                              "\n"
-                                              "item:3  cwd:0 home:1  dir:" +
-                                              home() + "\n");
+    const std::string cwd = "item:2  cwd:1 home:0  dir:" + root_.string() + "\n";
+    const std::string user = "item:3  cwd:0 home:1  dir:" + home() + "\n";
+    EXPECT_EQ(printed(qzfile_path_print),
+              "QZFILE search path:  id = 0\nitem:1  cwd:0 home:0  dir:C:\\a\n" + cwd + user);
     EXPECT_EQ(qzfile_path_print(nullptr), -1);
     EXPECT_EQ(printed([](FILE *stream) { qz::file::print(nullptr, stream); }),
               "** null object passed to print_search_path **\n");
