@@ -37,10 +37,8 @@ TEST_F(Files, TheSameReasonOnEverySystem)
         {"a lock below what is not there",  make_lock_file(none + "/lock"), ENOENT },
     };
 
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.why);
-        EXPECT_EQ(c.result, c.reason);
-    }
+    for (const auto &c : cases)
+        EXPECT_EQ(c.result, c.reason) << c.why;
     EXPECT_NE(remove_file(path("full")), 0);
     EXPECT_TRUE(is_there("full"));
     EXPECT_NE(make_lock_file(path("full")), 0);

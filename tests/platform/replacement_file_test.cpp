@@ -122,19 +122,6 @@ TEST_F(Replacement, IsOneWritersAtATime)
     EXPECT_EQ(read("file"), std::to_string(kWriters * kTurns));
 }
 
-TEST_F(Replacement, FindsWhatALinkNames)
-{
-    write("file", "old");
-    EXPECT_EQ(qz::platform::link_target(path("file")), path("file"));
-    EXPECT_EQ(qz::platform::link_target(path("none")), path("none"));
-    std::error_code refused;
-    std::filesystem::create_symlink(path("file"), path("link"), refused);
-    if (refused)
-        GTEST_SKIP() << "no right to make links here";
-    EXPECT_TRUE(std::filesystem::equivalent(qz::platform::link_target(path("link")), path("file")));
-    EXPECT_NE(qz::platform::link_target(path("link")), path("link"));
-}
-
 TEST_F(Replacement, OfEqualLengthIsSeenByItsStamp)
 {
     ASSERT_EQ(replace("file", "000"), 0);

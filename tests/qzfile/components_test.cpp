@@ -19,10 +19,8 @@ TEST(Components, Join)
         {"only the leading one of several goes", "a\\",   "\\\\b", "a\\\\b"},
     };
 
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.why);
-        EXPECT_EQ(taken(qzfile_add_component(c.dir, c.component)), c.joined);
-    }
+    for (const auto &c : cases)
+        EXPECT_EQ(taken(qzfile_add_component(c.dir, c.component)), c.joined) << c.why;
 }
 
 TEST(Components, Split)

@@ -54,10 +54,8 @@ TEST_F(Lookup, ByRelativeName)
     };
 
     Messages messages;
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.why);
-        EXPECT_EQ(found(c.name, c.type), c.path);
-    }
+    for (const auto &c : cases)
+        EXPECT_EQ(found(c.name, c.type), c.path) << c.why;
     EXPECT_EQ(messages.text(), "");
 }
 

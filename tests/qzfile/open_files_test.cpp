@@ -68,10 +68,8 @@ TEST_F(OpenFiles, KnowsWhereAFileLies)
         {"as long as names can be",       longest,                 "w",   here + "\\" + longest   },
     };
 
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.why);
-        EXPECT_EQ(path_of(open(c.name, c.mode)), c.path);
-    }
+    for (const auto &c : cases)
+        EXPECT_EQ(path_of(open(c.name, c.mode)), c.path) << c.why;
     EXPECT_TRUE(is_there("data/new.dat"));
     EXPECT_TRUE(is_there("data/n.dat"));
     FILE *stream = open("x.dat", "rbbbbbbbbbbbbbbbbbbb");

@@ -1,6 +1,5 @@
 #include "preference_scene.h"
 
-#include <functional>
 #include <stdexcept>
 
 using halcyra::Preferences;
@@ -146,43 +145,36 @@ TEST_F(Handles, ThatAreNoneAnswerWithACode)
     EXPECT_EQ(qzpref_set_string(h_, nullptr, "x"), QZPREF_INVALID_KEY);
 }
 
-class Wrapper : public scene::PreferenceScene {};
+class Wrapper : public scene::PreferenceScene {
+protected:
+    template <typename Value> void expect_kept(const std::string &key, const Value &value)
+    {
+        const auto get = [&] { preferences_.get<Value>(key); };
+        EXPECT_EQ(thrown<std::out_of_range>(get), "No key: " + key);
+        preferences_.set<Value>(key, value);
+        EXPECT_EQ(preferences_.get<Value>(key), value);
+    }
+
+    Preferences preferences_{kProduct};
+};
 
 TEST_F(Wrapper, ReadsAndWritesEveryType)
 {
-    Preferences preferences(kProduct);
-    preferences.set<int>("i", 3);
-    preferences.set<double>("d", 0.25);
-    preferences.set<bool>("b", true);
-    preferences.set<std::string>("s", "größe");
-    preferences.set<QString>("q", "x");
-    EXPECT_EQ(preferences.get<int>("i"), 3);
-    EXPECT_EQ(preferences.get<double>("d"), 0.25);
-    EXPECT_TRUE(preferences.get<bool>("b"));
-    EXPECT_EQ(preferences.get<QString>("s"), QString("größe"));
-    EXPECT_EQ(preferences.get<std::string>("q"), "x");
-    EXPECT_EQ(preferences.get<double>("s"), 0.0) << "a value of another type is no error";
-    EXPECT_EQ(preferences.get<int>("s"), 0);
-    EXPECT_TRUE(preferences.hasKey("i"));
-    preferences.removeKey("i");
-    preferences.removeKey("i");
-    EXPECT_FALSE(preferences.hasKey("i"));
-    preferences.clear();
-    EXPECT_FALSE(preferences.hasKey("q"));
-}
-
-TEST_F(Wrapper, ThrowsForAMissingKey)
-{
-    const Preferences preferences(kProduct);
-    const std::function<void(const char *)> gets[] = {
-        [&](const char *key) { preferences.get<int>(key); },
-        [&](const char *key) { preferences.get<double>(key); },
-        [&](const char *key) { preferences.get<bool>(key); },
-        [&](const char *key) { preferences.get<std::string>(key); },
-        [&](const char *key) { preferences.get<QString>(key); },
-    };
-    for (const auto &get : gets)
-        EXPECT_EQ(thrown<std::out_of_range>([&] { get("no/key"); }), "No key: no/key");
+    expect_kept<int>("no/int", 3);
+    expect_kept<double>("d", 0.25);
+    expect_kept<bool>("b", true);
+    expect_kept<std::string>("s", "größe");
+    expect_kept<QString>("q", "x");
+    EXPECT_EQ(preferences_.get<QString>("s"), QString("größe"));
+    EXPECT_EQ(preferences_.get<std::string>("q"), "x");
+    EXPECT_EQ(preferences_.get<double>("s"), 0.0) << "a value of another type is no error";
+    EXPECT_EQ(preferences_.get<int>("s"), 0);
+    EXPECT_TRUE(preferences_.hasKey("b"));
+    preferences_.removeKey("b");
+    preferences_.removeKey("b");
+    EXPECT_FALSE(preferences_.hasKey("b"));
+    preferences_.clear();
+    EXPECT_FALSE(preferences_.hasKey("q"));
 }
 
 TEST_F(Wrapper, CopiesAndMovesShareOneStore)
