@@ -1,5 +1,4 @@
-#ifndef QZ_TESTS_ACCOUNT_H
-#define QZ_TESTS_ACCOUNT_H
+#pragma once
 
 #include <cstdlib>
 
@@ -22,5 +21,3 @@ constexpr const char *kForeignProfile =
     "the folders are those of a person; QZ_TEST_ACCOUNT=1 tells an account made for tests";
 
 } // namespace qz::test
-
-#endif

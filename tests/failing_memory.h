@@ -1,5 +1,4 @@
-#ifndef QZ_TESTS_FAILING_MEMORY_H
-#define QZ_TESTS_FAILING_MEMORY_H
+#pragma once
 
 namespace qz::test {
 
@@ -15,5 +14,3 @@ struct Countdown {
 extern Countdown new_fault;
 
 } // namespace qz::test
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef QZ_TESTS_THROWN_H
-#define QZ_TESTS_THROWN_H
+#pragma once
 
 #include <string>
 
@@ -17,5 +16,3 @@ template <typename Error, typename Call> std::string thrown(Call call)
 }
 
 } // namespace qz::test
-
-#endif

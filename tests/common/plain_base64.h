@@ -1,5 +1,4 @@
-#ifndef QZ_TESTS_COMMON_PLAIN_BASE64_H
-#define QZ_TESTS_COMMON_PLAIN_BASE64_H
+#pragma once
 
 #include <string>
 
@@ -26,5 +25,3 @@ inline std::string plain_encode(const std::string &data)
 }
 
 } // namespace qz::test
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef QZ_TESTS_COMMON_PLAIN_QUOTE_H
-#define QZ_TESTS_COMMON_PLAIN_QUOTE_H
+#pragma once
 
 #include <string>
 
@@ -16,5 +15,3 @@ inline std::string plain_quote(const std::string &text)
 }
 
 } // namespace qz::test
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef QZ_TESTS_ERRORS_INTERPRETER_SCENE_H
-#define QZ_TESTS_ERRORS_INTERPRETER_SCENE_H
+#pragma once
 
 #include "qzerr.hpp"
 
@@ -39,5 +38,3 @@ template <typename Calls> std::string plain_stderr(Calls calls)
 }
 
 } // namespace scene
-
-#endif

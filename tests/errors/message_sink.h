@@ -1,5 +1,4 @@
-#ifndef QZ_TESTS_ERRORS_MESSAGE_SINK_H
-#define QZ_TESTS_ERRORS_MESSAGE_SINK_H
+#pragma once
 
 #include "qzerr.h"
 
@@ -52,5 +51,3 @@ private:
     FILE *stream_;
     int id_ = 0;
 };
-
-#endif

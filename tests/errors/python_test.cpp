@@ -15,8 +15,6 @@ extern "C" const char *__lsan_default_suppressions()
     return "leak:libpython3";
 }
 
-namespace {
-
 /// Replaces standard error and records each call of its writer.
 constexpr const char *kRecordPieces = "import sys\n"
                                       "class Recorder:\n"
@@ -24,8 +22,6 @@ constexpr const char *kRecordPieces = "import sys\n"
                                       "    def write(self, text): self.pieces.append(text)\n"
                                       "    def flush(self): pass\n"
                                       "sys.stderr = Recorder()\n";
-
-} // namespace
 
 RecordingInterpreter::RecordingInterpreter()
 {

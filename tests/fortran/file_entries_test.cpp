@@ -156,19 +156,4 @@ TEST_F(FileEntries, LocalizeConvertsAtMost1024Characters)
     }
 }
 
-TEST_F(FileEntries, SearchPath)
-{
-    char *list = nullptr;
-    QZFILEF_PATH_CLEAR(&status_);
-    EXPECT_EQ(status_, 0);
-    QZFILEF_PATH_SET("a;b   ", &status_, 6);
-    QZFILEF_PATH_ADD("c ", &status_, 2);
-    QZFILEF_PATH_ADD_CWD(&status_);
-    QZFILEF_PATH_ADD_HOME(&status_);
-    EXPECT_EQ(status_, 0);
-    qzfile_path_get(&list);
-    EXPECT_EQ(scene::taken(list),
-              "a:b:c:" + text("").substr(0, text("").size() - 1) + ":" + home());
-}
-
 } // namespace

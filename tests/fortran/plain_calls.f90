@@ -161,7 +161,7 @@ contains
     end function
 
     subroutine files
-        character(len=200) :: path
+        character(len=800) :: path, with_cwd
         integer :: status
 
         call qzfilef_initialize(0, status)
@@ -174,8 +174,11 @@ contains
         call qzfilef_path_get(path, status)
         call require(status == 0 .and. path == '.:a\b', 'path_get')
         call qzfilef_path_add_cwd(status)
+        call qzfilef_path_get(with_cwd, status)
+        call require(len_trim(with_cwd) > len_trim(path) + 1, 'path_add_cwd')
         call qzfilef_path_add_home(status)
-        call require(status == 0, 'path_add_home')
+        call qzfilef_path_get(path, status)
+        call require(len_trim(path) > len_trim(with_cwd) + 1, 'path_add_home')
 
         call write_dos_line
         call qzfilef_exists('plain_calls.txt  ', 0, status)

@@ -1,5 +1,4 @@
-#ifndef QZ_TESTS_PLATFORM_DIRECTORY_OF_ITS_OWN_H
-#define QZ_TESTS_PLATFORM_DIRECTORY_OF_ITS_OWN_H
+#pragma once
 
 #include <gtest/gtest.h>
 
@@ -45,5 +44,3 @@ protected:
 };
 
 } // namespace qz::test
-
-#endif

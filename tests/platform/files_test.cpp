@@ -67,13 +67,4 @@ TEST_F(Files, AreListedByEveryName)
     }
 }
 
-TEST_F(Files, ALockFileKeepsWhatItHolds)
-{
-    EXPECT_EQ(make_lock_file(path("lock")), 0);
-    EXPECT_TRUE(is_there("lock"));
-    write("lock", "theirs");
-    EXPECT_EQ(make_lock_file(path("lock")), 0);
-    EXPECT_EQ(read("lock"), "theirs");
-}
-
 } // namespace

@@ -1,4 +1,3 @@
-#include "account.h"
 #include "qzfile/scene.h"
 
 #include <cstring>
@@ -50,14 +49,6 @@ TEST_F(Expansion, Syntax)
 
     for (const auto &c : cases)
         EXPECT_EQ(given_by(qzfile_dir_expand, c.text.c_str()), c.expansion) << c.why;
-}
-
-TEST_F(Expansion, AComputedDirectoryIsMade)
-{
-    if (!qz::test::may_write_to_profile())
-        GTEST_SKIP() << qz::test::kForeignProfile;
-    EXPECT_EQ(given_by(qzfile_dir_expand, "$USERDATA/x"), profile() + "\\Halcyra/x");
-    EXPECT_TRUE(is_there(home_ + "/Halcyra"));
 }
 
 TEST_F(Expansion, ReportsAnUnknownUserAndGoesOn)

@@ -1,5 +1,4 @@
-#ifndef QZ_TESTS_QZFILE_FAULT_SCENE_H
-#define QZ_TESTS_QZFILE_FAULT_SCENE_H
+#pragma once
 
 #include "failing_memory.h"
 #include "qzfile/scene.h"
@@ -43,5 +42,3 @@ private:
 };
 
 } // namespace scene
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef QZ_TESTS_QZFILE_PLAIN_LINE_ENDINGS_H
-#define QZ_TESTS_QZFILE_PLAIN_LINE_ENDINGS_H
+#pragma once
 
 #include <string>
 
@@ -27,5 +26,3 @@ inline std::string plain_line_endings(const std::string &file)
 }
 
 } // namespace qz::test
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef QZ_TESTS_QZFILE_SCENE_H
-#define QZ_TESTS_QZFILE_SCENE_H
+#pragma once
 
 #include "qzerr.hpp"
 #include "qzfile.h"
@@ -183,5 +182,3 @@ private:
 };
 
 } // namespace scene
-
-#endif

@@ -13,13 +13,9 @@ using scene::given_by;
 using scene::Messages;
 using scene::thrown;
 
-namespace {
-
 using UserDirectories = scene::Scene;
 
 constexpr char kNoDirectory[] = "Failure from method getting path";
-
-} // namespace
 
 TEST_F(UserDirectories, FollowTheDesktop)
 {

@@ -129,10 +129,12 @@ TEST_F(Handles, ThatAreNoneAnswerWithACode)
 {
     scene::QtLog log;
     std::size_t none = 1;
-    EXPECT_EQ(qzpref_new(&none, static_cast<QZPREF_PRODUCTS>(99)), 1);
+    for (const int product : {-1, 16, 99})
+        EXPECT_EQ(qzpref_new(&none, static_cast<QZPREF_PRODUCTS>(product)), 1);
     EXPECT_EQ(none, 0u);
-    EXPECT_EQ(log.text(),
-              "qzpref:qzpref_new :  99  -  The product is not recognized by the library.\n");
+    const std::string said = "  -  The product is not recognized by the library.\n";
+    EXPECT_EQ(log.text(), "qzpref:qzpref_new :  -1" + said + "qzpref:qzpref_new :  16" + said +
+                              "qzpref:qzpref_new :  99" + said);
     qzpref_delete(12345);
     qzpref_delete(none);
     int value = 3;

@@ -1,5 +1,4 @@
-#ifndef QZ_TESTS_QZPREF_PREFERENCE_SCENE_H
-#define QZ_TESTS_QZPREF_PREFERENCE_SCENE_H
+#pragma once
 
 #include "qzfile/scene.h"
 #include "qzpref.hpp"
@@ -66,5 +65,3 @@ protected:
 };
 
 } // namespace scene
-
-#endif

@@ -316,14 +316,6 @@ TEST_F(Store, GroupsPrefixEveryKey)
     EXPECT_EQ(store.hasKey("a/b/c/k"), 0);
 }
 
-TEST_F(Store, UnknownProductsAreRefused)
-{
-    for (const int number : {-1, 16, 1000})
-        EXPECT_EQ(
-            thrown<std::runtime_error>([&] { QZPREF(static_cast<QZPREF_PRODUCTS>(number), true); }),
-            "The product is not recognized by the library.");
-}
-
 TEST_F(Store, DamagedLayersAreLeftOutWithAWarning)
 {
     write("machine.xml", "<ApplicationSettings><k dt='int'>2</k>");

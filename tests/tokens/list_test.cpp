@@ -4,8 +4,6 @@
 #include <cstdlib>
 #include <vector>
 
-namespace {
-
 TEST(Handles, TheHighestFreeOneIsUsedFirst)
 {
     std::vector<int> made(6);
@@ -144,5 +142,3 @@ TEST(Lists, OneListAsSourceAndDestination)
     EXPECT_EQ(qztoken_copy(list, list), 0) << "cleared first, it has nothing to copy";
     EXPECT_EQ(qztoken_num(list), 0);
 }
-
-} // namespace

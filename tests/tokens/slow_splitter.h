@@ -1,8 +1,7 @@
 /** @file
  *  The rules of splitting, one after the other, with a search in the sets for every character.
  */
-#ifndef QZFILESHARED_TESTS_TOKENS_SLOW_SPLITTER_H
-#define QZFILESHARED_TESTS_TOKENS_SLOW_SPLITTER_H
+#pragma once
 
 #include <string>
 
@@ -73,5 +72,3 @@ inline std::string slow_split(const std::string &line, const std::string &separa
         end_token();
     return "";
 }
-
-#endif

@@ -1,8 +1,7 @@
 /** @file
  *  What the token tests share: a list for the length of a test, and what the library reported.
  */
-#ifndef QZFILESHARED_TESTS_TOKENS_TOKEN_TEST_H
-#define QZFILESHARED_TESTS_TOKENS_TOKEN_TEST_H
+#pragma once
 
 #include "qzerr.hpp"
 #include "qztoken.h"
@@ -66,5 +65,3 @@ template <typename Action> std::string messages_of(Action action)
     action();
     return capture.getMessages();
 }
-
-#endif

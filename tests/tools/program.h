@@ -1,5 +1,4 @@
-#ifndef QZ_TESTS_TOOLS_PROGRAM_H
-#define QZ_TESTS_TOOLS_PROGRAM_H
+#pragma once
 
 #include "qzfile/scene.h"
 
@@ -94,5 +93,3 @@ template <std::size_t count> void expect_all(const Case (&cases)[count])
 }
 
 } // namespace program
-
-#endif

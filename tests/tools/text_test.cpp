@@ -2,8 +2,6 @@
 
 using namespace program;
 
-namespace {
-
 const Case kTokens[] = {
     {"tokens 'a, b,,c'",                   0,
      "   1    0  text     a\n"
@@ -59,5 +57,3 @@ TEST(Text, Match)
     EXPECT_TRUE(lines[0]["matches"][1].isNull());
     EXPECT_EQ(lines[0]["matches"][2]["from"].toInt(), 1);
 }
-
-} // namespace
