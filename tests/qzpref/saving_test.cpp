@@ -5,7 +5,6 @@
 
 #include <QCoreApplication>
 #include <QCryptographicHash>
-#include <QDir>
 
 #include <atomic>
 #include <thread>
@@ -42,18 +41,16 @@ protected:
 TEST_F(Saving, MergesWhatOthersWrote)
 {
     PreferenceFile one(path()), two(path());
-    put(one, "both", "1");
-    put(one, "mine", "1");
-    put(one, "gone", "1");
+    for (const char *key : {"both", "mine", "gone"})
+        put(one, key, "1");
     ASSERT_EQ(one.save(), 0);
     ASSERT_EQ(two.refresh(), 0);
     put(one, "both", "one");
     put(two, "both", "two");
     put(two, "new", "two");
     two.remove({"gone"});
-    ASSERT_EQ(two.save(), 0);
-    ASSERT_EQ(one.save(), 0);
-    ASSERT_EQ(two.save(), 0);
+    for (PreferenceFile *file : {&two, &one, &two})
+        ASSERT_EQ(file->save(), 0);
     for (PreferenceFile *file : {&one, &two}) {
         EXPECT_EQ(value(*file, "both"), "one") << "the later save wins";
         EXPECT_EQ(value(*file, "mine"), "1");
@@ -115,35 +112,35 @@ TEST_F(Saving, FailsWholeAndRecovers)
 
 TEST_F(Saving, UnreadableContentsNeverReplaceWhatWasRead)
 {
-    scene::QtLog log;
+    const scene::QtLog log;
     PreferenceFile file(path());
     put(file, "a", "1");
     ASSERT_EQ(file.save(), 0);
-    write(text("p.xml"), "somebody's mistake");
+    write("p.xml", "somebody's mistake");
     EXPECT_EQ(file.save(), QZPREF_FORMAT_ERROR) << "nothing to save: the file is left alone";
-    EXPECT_EQ(read(text("p.xml")), "somebody's mistake");
+    EXPECT_EQ(read("p.xml"), "somebody's mistake");
     put(file, "b", "2");
     EXPECT_EQ(file.save(), QZPREF_FORMAT_ERROR);
     PreferenceFile other(path());
     EXPECT_EQ(other.refresh(), 0);
-    EXPECT_EQ(value(other, "a"), "1");
-    EXPECT_EQ(value(other, "b"), "2");
+    EXPECT_EQ(value(other, "a") + value(other, "b"), "12");
 }
 
 TEST_F(Saving, KeepsLinksAndPermissions)
 {
     namespace fs = std::filesystem;
-    write(text("real/file.xml"), document("<k>1</k>"));
-    fs::permissions(text("real/file.xml"), fs::perms::owner_read | fs::perms::owner_write);
-    if (!link("real/file.xml", "p.xml"))
+    constexpr fs::perms kPrivate = fs::perms::owner_read | fs::perms::owner_write;
+    const std::string file = text("real/file.xml");
+    write(file, document("<k>1</k>"));
+    fs::permissions(file, kPrivate);
+    if (!link(file, "p.xml"))
         GTEST_SKIP() << "this system needs a privilege to make links";
-    PreferenceFile file(path());
-    put(file, "k", "2");
-    ASSERT_EQ(file.save(), 0);
-    EXPECT_TRUE(fs::is_symlink(text("p.xml")));
-    EXPECT_NE(read(text("real/file.xml")).find(">2<"), std::string::npos);
-    EXPECT_EQ(fs::status(text("real/file.xml")).permissions(),
-              fs::perms::owner_read | fs::perms::owner_write);
+    PreferenceFile linked(path());
+    put(linked, "k", "2");
+    ASSERT_EQ(linked.save(), 0);
+    EXPECT_TRUE(fs::is_symlink("p.xml"));
+    EXPECT_PRED_FORMAT2(testing::IsSubstring, ">2<", read(file));
+    EXPECT_EQ(fs::status(file).permissions(), kPrivate);
 }
 
 TEST_F(Saving, StoresOfOneProgramShareWhatIsNotSaved)
@@ -158,11 +155,11 @@ TEST_F(Saving, StoresOfOneProgramShareWhatIsNotSaved)
     EXPECT_EQ(two.getGroup(), "") << "each has its own groups";
     // A settings object of the caller's own on the same file.
     ASSERT_EQ(one.syncSettings(), 0);
+    QVariantMap other;
+    other["dt"] = "int";
+    other["value"] = 12345;
     QSettings own(QString::fromStdString(user_file()), getQSettingsFormat());
-    own.setValue("k", QVariantMap{
-                          {"dt",    "int"},
-                          {"value", 12345}
-    });
+    own.setValue("k", other);
     own.sync();
     EXPECT_EQ(two.get("k", value), 0);
     EXPECT_EQ(value, 12345);
@@ -181,24 +178,20 @@ TEST_F(Saving, EventLoopSavesUnsavedChanges)
 
 TEST_F(Saving, LockFilesAreNamedByDigestAndNeverTruncated)
 {
-    const QString lock = FileLock::lock_path(path());
-    EXPECT_EQ(QFileInfo(lock).fileName(),
-              QCryptographicHash::hash(path().toUtf8(), QCryptographicHash::Md5).toHex());
-    write(lock.toStdString(), "theirs");
-    {
-        FileLock held(path(), FileLock::Mode::Exclusive);
-        EXPECT_EQ(held.acquire(), 0);
-    }
-    EXPECT_EQ(read(lock.toStdString()), "theirs");
-    std::filesystem::remove(lock.toStdString());
-    if (!link("target", lock.toStdString()))
+    const std::string lock = FileLock::lock_path(path()).toStdString();
+    const auto digest = QCryptographicHash::hash(path().toUtf8(), QCryptographicHash::Md5);
+    EXPECT_EQ(std::filesystem::path(lock).filename(), digest.toHex().toStdString());
+    write(lock, "theirs");
+    EXPECT_EQ(FileLock(path(), FileLock::Mode::Exclusive).acquire(), 0);
+    EXPECT_EQ(read(lock), "theirs");
+    std::filesystem::remove(lock);
+    if (!link("target", lock))
         return;
     FileLock refused(path(), FileLock::Mode::Shared);
     EXPECT_EQ(refused.acquire(), QZPREF_LOCK_ERROR);
-    EXPECT_EQ(refused.error_text().find("Failed to aquire lock in '" + lock.toStdString() + "' : "),
-              0u);
+    EXPECT_EQ(refused.error_text().find("Failed to aquire lock in '" + lock + "' : "), 0u);
     EXPECT_FALSE(is_there("target"));
-    std::filesystem::remove(lock.toStdString());
+    std::filesystem::remove(lock);
 }
 
 TEST_F(Saving, MissingTemporaryDirectoryIsMade)

@@ -302,9 +302,8 @@ TEST_F(Store, RemovesTheKeyAndNothingElse)
 TEST_F(Store, GroupsPrefixEveryKey)
 {
     QZPREF store(kProduct, true);
-    EXPECT_EQ(store.beginGroup("a/b"), 0);
-    EXPECT_EQ(store.beginGroup(""), 0);
-    EXPECT_EQ(store.beginGroup("c"), 0);
+    for (const char *group : {"a/b", "", "c"})
+        EXPECT_EQ(store.beginGroup(group), 0);
     EXPECT_EQ(store.getGroup(), "a/b/c");
     EXPECT_EQ(store.set("k", 1, ""), 0);
     scene::Messages messages;
@@ -428,19 +427,17 @@ TEST_F(Store, MigratesFromTheNewestReleaseThatHasKeys)
 TEST_F(Store, OldReleasesLieInTheHomeDirectory)
 {
     using namespace halcyra::preferences::internal;
-    const auto directory = [](const char *release) {
-        return scene::with_slashes(get_qzpref_directory(release));
+    using scene::with_slashes;
+    const auto directory = [](auto release) { return with_slashes(get_qzpref_directory(release)); };
+    const auto file = [](auto release) {
+        return with_slashes(get_qzpref_file(kProduct, release).toStdString());
     };
-    EXPECT_EQ(directory("2025-3"), scene::with_slashes(text("sandbox/Halcyra/2025-3")));
+    EXPECT_EQ(directory("2025-3"), with_slashes(text("sandbox/Halcyra/2025-3")));
     unset("HALCYRA_QZPREF_SANDBOX");
     set("XDG_DATA_HOME", text("share"));
+    const bool is_told = qz::test::account_tells_folders();
     const std::string share =
-        scene::with_slashes(qz::test::account_tells_folders() ? profile() + "\\AppData\\Local"
-                                                              : text("share")) +
-        "/Halcyra/";
-    const auto file = [](const char *release) {
-        return scene::with_slashes(get_qzpref_file(kProduct, release).toStdString());
-    };
+        with_slashes(is_told ? profile() + "\\AppData\\Local" : text("share")) + "/Halcyra/";
     EXPECT_EQ(directory("2017-1"), home() + "/Halcyra/2017-1");
     EXPECT_EQ(directory("2017-2"), share + "2017-2");
     EXPECT_EQ(file("2019-2"), share + "2019-2/Dovrel.xml");
