@@ -26,37 +26,26 @@ std::string random_bytes(std::size_t len)
     return bytes;
 }
 
-/// Memory whose bytes past what a call promised to write must keep the guard.
-class Guarded {
-public:
-    Guarded(std::size_t offset, std::size_t promised)
-        : bytes_(offset + promised + 64, kGuard), offset_(offset), promised_(promised)
-    {}
-
-    char *data() { return bytes_.data() + offset_; }
-
-    bool intact() const
-    {
-        const auto is_guard = [](char c) { return c == kGuard; };
-        const auto begin = bytes_.begin() + static_cast<std::ptrdiff_t>(offset_);
-        return std::all_of(bytes_.begin(), begin, is_guard) &&
-               std::all_of(begin + static_cast<std::ptrdiff_t>(promised_), bytes_.end(), is_guard);
-    }
-
-    const std::string &bytes() const { return bytes_; }
-
-private:
-    std::string bytes_;
-    std::size_t offset_;
-    std::size_t promised_;
-};
+/// What @p call writes into the @p promised bytes that it gets; those around them must keep.
+template <typename Call>
+std::string written(std::size_t promised, Call call, std::size_t bytes_before = 0)
+{
+    const std::string before(bytes_before, kGuard);
+    const std::string behind(64, kGuard);
+    std::string memory = before + std::string(promised, kGuard) + behind;
+    call(memory.data() + bytes_before);
+    EXPECT_EQ(memory.substr(0, bytes_before), before);
+    EXPECT_EQ(memory.substr(bytes_before + promised), behind);
+    return memory.substr(bytes_before, promised);
+}
 
 int decode_guarded(const std::string &text, std::string &out)
 {
-    Guarded dest(0, 3 * (text.size() / 4 + 1));
-    const int size = modp_b64_decode(dest.data(), text.data(), static_cast<int>(text.size()));
-    EXPECT_TRUE(dest.intact()) << text;
-    out.assign(dest.data(), static_cast<std::size_t>(std::max(size, 0)));
+    int size = 0;
+    out = written(3 * (text.size() / 4 + 1), [&](char *dest) {
+        size = modp_b64_decode(dest, text.data(), static_cast<int>(text.size()));
+    });
+    out.resize(static_cast<std::size_t>(std::max(size, 0)));
     return size;
 }
 
@@ -144,20 +133,21 @@ TEST(Base64, EveryLengthAndAlignment)
             std::copy(data.begin(), data.end(), src.begin() + static_cast<std::ptrdiff_t>(offset));
 
             const std::string text = plain_encode(data);
-            Guarded encoded(15 - offset, text.size() + 1);
-            ASSERT_EQ(modp_b64_encode(encoded.data(), src.data() + offset, static_cast<int>(len)),
-                      static_cast<int>(text.size()));
-            ASSERT_STREQ(encoded.data(), text.c_str());
-            ASSERT_TRUE(encoded.intact());
-
-            Guarded by_table(0, len / 3 * 4);
-            qz::base64::encode_groups_by_table(by_table.data(), src.data() + offset, len / 3);
-            ASSERT_EQ(std::string(by_table.data(), len / 3 * 4), text.substr(0, len / 3 * 4));
-            ASSERT_TRUE(by_table.intact());
-
+            const auto encode = [&](char *dest) {
+                const char *const bytes = src.data() + offset;
+                EXPECT_EQ(modp_b64_encode(dest, bytes, static_cast<int>(len)),
+                          static_cast<int>(text.size()));
+            };
+            const auto encode_by_table = [&](char *dest) {
+                qz::base64::encode_groups_by_table(dest, src.data() + offset, len / 3);
+            };
+            const std::size_t whole_groups = len / 3 * 4;
+            EXPECT_STREQ(written(text.size() + 1, encode, 15 - offset).c_str(), text.c_str());
+            EXPECT_EQ(written(whole_groups, encode_by_table), text.substr(0, whole_groups));
             std::string decoded;
-            ASSERT_EQ(decode_guarded(text, decoded), static_cast<int>(len));
-            ASSERT_EQ(decoded, data);
+            EXPECT_EQ(decode_guarded(text, decoded), static_cast<int>(len));
+            EXPECT_EQ(decoded, data);
+            ASSERT_FALSE(HasFailure());
         }
     }
 }
@@ -176,13 +166,14 @@ TEST(Base64, TheFastPathLeavesWhatTheTablesLeave)
             const std::size_t expected_groups =
                 std::min(text.find_first_not_of(qz::test::kBase64Alphabet), good.size()) / 4;
 
-            Guarded fast(0, 3 * expected_groups + 1);
-            Guarded plain(0, 3 * expected_groups + 1);
-            ASSERT_EQ(qz::base64::decode_groups(fast.data(), text.data(), groups), expected_groups);
-            ASSERT_EQ(qz::base64::decode_groups_by_table(plain.data(), text.data(), groups),
-                      expected_groups);
-            ASSERT_EQ(fast.bytes(), plain.bytes());
-            ASSERT_TRUE(fast.intact());
+            const auto decoded_by = [&](auto decode) {
+                return written(3 * expected_groups + 1, [&](char *dest) {
+                    EXPECT_EQ(decode(dest, text.data(), groups), expected_groups);
+                });
+            };
+            ASSERT_EQ(decoded_by(qz::base64::decode_groups),
+                      decoded_by(qz::base64::decode_groups_by_table));
+            ASSERT_FALSE(HasFailure());
         }
     }
 }

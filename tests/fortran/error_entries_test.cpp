@@ -9,26 +9,17 @@
 namespace {
 
 /// A CHARACTER variable between two bytes that nobody should touch without a reason.
-class Variable {
-public:
-    Variable(const std::string &text, std::size_t length) : memory_("<" + text)
+struct Variable {
+    Variable(const std::string &text, int declared) : memory("<" + text), length(declared)
     {
-        memory_.resize(length + 1, ' ');
-        memory_ += '>';
+        memory.resize(static_cast<std::size_t>(declared) + 1, ' ');
+        memory += '>';
     }
 
-    char *start() { return &memory_[1]; }
+    char *start() { return &memory[1]; }
 
-    int length() const { return static_cast<int>(memory_.size() - 2); }
-
-    std::string text() const { return memory_.substr(1, memory_.size() - 2); }
-
-    char before() const { return memory_.front(); }
-
-    char after() const { return memory_.back(); }
-
-private:
-    std::string memory_;
+    std::string memory;
+    int length;
 };
 
 const std::string kNul(1, '\0');
@@ -43,7 +34,7 @@ TEST(ErrorEntries, Prefix)
     const struct {
         const char *why;
         std::string text;
-        std::size_t declared;
+        int declared;
         std::string prefix;
         char before;
     } cases[] = {
@@ -66,18 +57,18 @@ TEST(ErrorEntries, Prefix)
         const MessageSink sink;
         Variable variable(c.text, c.declared);
         int id = sink.id();
-        QZERRF_PREFIX(&id, variable.start(), &status, variable.length());
+        QZERRF_PREFIX(&id, variable.start(), &status, variable.length);
         EXPECT_EQ(status, 1);
-        EXPECT_EQ(variable.before(), c.before);
-        EXPECT_EQ(variable.after(), '>');
+        EXPECT_EQ(variable.memory.front(), c.before);
+        EXPECT_EQ(variable.memory.back(), '>');
         qzerr_throw(id, QZERR_FATAL, "x");
         EXPECT_EQ(sink.text(), c.prefix + "FATAL x");
     }
     int no_handler = 99;
     Variable variable("MYPROG", 20);
-    QZERRF_PREFIX(&no_handler, variable.start(), &status, variable.length());
+    QZERRF_PREFIX(&no_handler, variable.start(), &status, variable.length);
     EXPECT_EQ(status, 0);
-    EXPECT_EQ(variable.text(), "MYPROG " + kNul + std::string(11, ' ') + kNul);
+    EXPECT_EQ(variable.memory, "<MYPROG " + kNul + std::string(11, ' ') + kNul + ">");
 }
 
 TEST(ErrorEntries, ReturnCode)
@@ -85,7 +76,7 @@ TEST(ErrorEntries, ReturnCode)
     const struct {
         const char *why;
         int level;
-        std::size_t declared;
+        int declared;
         const char *code;
     } cases[] = {
         {"blanks fill the rest",                  4,  20, "QZERR_WARNING       "    },
@@ -97,11 +88,10 @@ TEST(ErrorEntries, ReturnCode)
 
     for (const auto &c : cases) {
         SCOPED_TRACE(c.why);
-        Variable variable(std::string(c.declared, '.'), c.declared);
+        Variable variable("........................", c.declared);
         int level = c.level;
-        QZERRF_RETURN_CODE(&level, variable.start(), variable.length());
-        EXPECT_EQ(variable.text(), c.code);
-        EXPECT_EQ(variable.after(), '>');
+        QZERRF_RETURN_CODE(&level, variable.start(), variable.length);
+        EXPECT_EQ(variable.memory, "<" + std::string(c.code) + ">");
     }
 }
 
@@ -110,7 +100,7 @@ TEST(ErrorEntries, Throw)
     const struct {
         const char *why;
         std::string text;
-        std::size_t declared;
+        int declared;
         std::string written;
     } cases[] = {
         {"blanks at the end are kept",             "mesh",          80,  "mesh" + k75Blanks},
@@ -129,9 +119,9 @@ TEST(ErrorEntries, Throw)
         Variable variable(c.text, c.declared);
         int id = sink.id();
         int status = -9;
-        QZERRF_THROW(&id, &level, variable.start(), &status, variable.length());
+        QZERRF_THROW(&id, &level, variable.start(), &status, variable.length);
         EXPECT_EQ(status, 1);
-        EXPECT_EQ(variable.after(), '>');
+        EXPECT_EQ(variable.memory.back(), '>');
         qzerr_throw(id, QZERR_FATAL, "no line break");
         EXPECT_EQ(sink.text(), "FATAL " + c.written + "\nFATAL no line break");
     }

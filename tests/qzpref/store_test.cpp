@@ -137,30 +137,23 @@ TEST_F(Store, KeepsWhatIsSetAcrossProcesses)
 {
     const std::string strange = " ü\r\n\t<&>\"']]> \U0001F600 ";
     {
-        const std::pair<const char *, QVariant> values[] = {
-            {"a/text",  QString::fromStdString(strange)},
-            {"a/tiny",  1e-308                         },
-            {"a/third", 1.0 / 3                        },
-            {"a/least", INT_MIN                        },
-            {"a/yes",   true                           },
-            {"a/empty", QString()                      },
-        };
         QZPREF store(kProduct, true);
-        for (const auto &[key, value] : values)
-            EXPECT_EQ(store.set(key, value, "say -- it"), 0) << key;
+        EXPECT_EQ(store.set("a/text", QString::fromStdString(strange), "say -- it"), 0);
+        EXPECT_EQ(store.set("a/tiny", 1e-308, ""), 0);
+        EXPECT_EQ(store.set("a/third", 1.0 / 3, ""), 0);
+        EXPECT_EQ(store.set("a/least", INT_MIN, ""), 0);
+        EXPECT_EQ(store.set("a/empty", QString(), ""), 0);
+        EXPECT_EQ(stored<std::string>(store, "a/empty"), "");
         store.beginOsAttribute(QZPREF_PLATFORM_DARWIN);
         EXPECT_EQ(store.set("a/least", 4, ""), 0);
-        store.endOsAttribute();
-        EXPECT_EQ(stored<std::string>(store, "a/empty"), "");
     }
     QZPREF store(kProduct, true);
     EXPECT_EQ(stored<std::string>(store, "a/text"), strange);
     EXPECT_EQ(stored<double>(store, "a/tiny"), 1e-308);
     EXPECT_EQ(stored<double>(store, "a/third"), 1.0 / 3);
     EXPECT_EQ(stored<int>(store, "a/least"), INT_MIN);
-    EXPECT_TRUE(stored<bool>(store, "a/yes"));
     // An empty value does not survive the file; that is part of its format.
-    EXPECT_EQ(store.hasKey("a/empty", QZPREF_TYPE_STRING), QZPREF_KEY_NOT_FOUND);
+    EXPECT_EQ(store.hasKey("a/empty", kText), QZPREF_KEY_NOT_FOUND);
 }
 
 TEST_F(Store, RefusesWhatAFileCannotGiveBack)
