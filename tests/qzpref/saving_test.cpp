@@ -180,7 +180,7 @@ TEST_F(Saving, LockFilesAreNamedByDigestAndNeverTruncated)
 {
     const std::string lock = FileLock::lock_path(path()).toStdString();
     const auto digest = QCryptographicHash::hash(path().toUtf8(), QCryptographicHash::Md5);
-    EXPECT_EQ(std::filesystem::path(lock).filename(), digest.toHex().toStdString());
+    EXPECT_EQ(std::filesystem::path(lock).filename().string(), digest.toHex().toStdString());
     write(lock, "theirs");
     EXPECT_EQ(FileLock(path(), FileLock::Mode::Exclusive).acquire(), 0);
     EXPECT_EQ(read(lock), "theirs");
