@@ -155,7 +155,6 @@ TEST(Throw, AWindowMayMakeAndDeleteHandlers)
     });
     EXPECT_EQ(qzerr_throw(busy_handler, QZERR_FATAL, "x"), 1);
     EXPECT_EQ(captured.getMessages(), "FATAL x");
-
     qzerr_window(busy_handler, [](const char *) {
         qzerr_delete(busy_handler);
         return 0;

@@ -91,11 +91,10 @@ TEST_F(UserDirectories, OfThisRelease)
     EXPECT_EQ(given_by(qzfile_get_appdata_release_dir), directory) << "made";
     halcyra::qzlibs::CaptureQZErr warning(0);
     EXPECT_EQ(given_by(qzfile_appdata_release_dir), directory) << "found";
-    const std::string said = warning.getMessages();
-    EXPECT_NE(said.find("): qzfile_appdata_release_dir function is deprecated for "
-                        "qzfile_get_appdata_release_dir\n"),
-              std::string::npos)
-        << said;
+    EXPECT_PRED_FORMAT2(testing::IsSubstring,
+                        "): qzfile_appdata_release_dir function is deprecated for "
+                        "qzfile_get_appdata_release_dir\n",
+                        warning.getMessages());
     EXPECT_EQ(qzfile_get_appdata_release_dir_path(), directory);
     EXPECT_EQ(qzfile_get_atelio_scripts_path(AtelioScriptsPathType::UserMenuFile),
               directory + "\\atelio\\scriptsx.mnu");

@@ -6,21 +6,20 @@
 
 TEST(Handles, TheHighestFreeOneIsUsedFirst)
 {
-    std::vector<int> made(6);
-    for (int &handle : made)
-        qztoken_new(&handle, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
-    for (int i : {1, 0, 4, 2})
-        EXPECT_EQ(qztoken_delete(made[static_cast<std::size_t>(i)]), 0);
-
-    for (int i : {4, 2, 1, 0}) {
+    const auto make = [] {
         int handle = -1;
-        EXPECT_EQ(qztoken_new(&handle, "a", nullptr, nullptr, nullptr, nullptr, nullptr), 0);
-        EXPECT_EQ(handle, made[static_cast<std::size_t>(i)]);
-    }
-    int next = -1;
-    qztoken_new(&next, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
-    EXPECT_EQ(next, made[5] + 1) << "only a full table grows";
-    qztoken_delete(next);
+        qztoken_new(&handle, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr);
+        return handle;
+    };
+    int made[6];
+    for (int &handle : made)
+        handle = make();
+    for (int i : {1, 0, 4, 2})
+        EXPECT_EQ(qztoken_delete(made[i]), 0);
+    for (int i : {4, 2, 1, 0})
+        EXPECT_EQ(make(), made[i]);
+    EXPECT_EQ(make(), made[5] + 1) << "only a full table grows";
+    qztoken_delete(made[5] + 1);
     for (int handle : made)
         qztoken_delete(handle);
 }
@@ -106,9 +105,8 @@ TEST(Lists, AddDeleteClear)
     EXPECT_EQ(qztoken_add(list, ""), 0);
     EXPECT_EQ(qztoken_add(list, qztoken_get_token(list, 1)), 0) << "a text of the list itself";
     EXPECT_EQ(list.text(), "[a][b c][d][][b c]");
-    EXPECT_EQ(qztoken_delete_token(list, 1), 0);
-    EXPECT_EQ(qztoken_delete_token(list, 3), 0);
-    EXPECT_EQ(qztoken_delete_token(list, 0), 0);
+    for (int index : {1, 3, 0})
+        EXPECT_EQ(qztoken_delete_token(list, index), 0);
     EXPECT_EQ(list.text(), "[d][]");
     EXPECT_EQ(qztoken_num(list), 2);
     EXPECT_EQ(qztoken_clear(list), 0);

@@ -61,7 +61,7 @@ TEST_F(Pref, ReadingAnswersAndMakesNothing)
     for (const char *part :
          {"d/w = int 3, from the layer machine", "not there", "=> d/w  ", " int 3  <!--Pixels-->",
           " int 9\n", "getInt(default)     2     its default"})
-        EXPECT_NE(explained.out.find(part), std::string::npos) << part << '\n' << explained.out;
+        EXPECT_PRED_FORMAT2(testing::IsSubstring, part, explained.out);
     EXPECT_EQ(explained.out.find('\x1b'), std::string::npos) << "colours belong on a terminal";
     EXPECT_EQ(run("pref explain dovrel no").code, 4);
     EXPECT_FALSE(is_there("sandbox"));
@@ -77,8 +77,8 @@ TEST_F(Pref, BrokenUserFileIsLeftAloneByReaders)
 TEST_F(Pref, FirstGetTakesOverAnEarlierRelease)
 {
     write(user_file("2024-2"), document("<d><w dt='int'>77</w></d>"));
-    const std::string said = run("pref list dovrel d").err;
-    EXPECT_NE(said.find("takes over 1 key of release 2024-2"), std::string::npos) << said;
+    EXPECT_PRED_FORMAT2(testing::IsSubstring, "takes over 1 key of release 2024-2",
+                        run("pref list dovrel d").err);
     EXPECT_FALSE(is_there("sandbox/Halcyra/2025-3"));
     expect({"pref get dovrel d/w", 0, "77\n", "", nullptr});
     expect({"pref source dovrel d/w", 0, "user\n", "", nullptr});
