@@ -45,7 +45,8 @@ TEST_F(DosFiles, AreConvertedAndKeepTheirPermissions)
     const auto kept = fs::status(root_ / "file").permissions();
     Messages messages;
     EXPECT_EQ(qzfile_dos_to_unix("file"), 0);
-    EXPECT_EQ(read("file"), qz::test::plain_line_endings("\r\n" + lines));
+    // Not EXPECT_EQ: the difference of so many lines takes more memory than there is.
+    EXPECT_TRUE(read("file") == qz::test::plain_line_endings("\r\n" + lines));
     EXPECT_EQ(fs::status(root_ / "file").permissions(), kept);
     EXPECT_FALSE(is_there("file.tmp"));
     EXPECT_EQ(messages.text(), "");

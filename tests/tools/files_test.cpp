@@ -128,7 +128,7 @@ TEST_F(Files, Base64OfManyChunks)
     EXPECT_EQ(encoded.size(), (bytes.size() + 2) / 3 * 4 + 1);
     for (std::size_t at = 77; at < encoded.size(); at += 77)
         encoded.insert(at, 1, '\n');
-    EXPECT_EQ(run("base64 -d", encoded).out, bytes);
+    EXPECT_TRUE(run("base64 -d", encoded).out == bytes);
 }
 
 TEST_F(Files, LineEndings)

@@ -22,6 +22,7 @@ const Case kReads[] = {
     {"pref get 3 w -g d",             0,  "3\n",                                   "",                 nullptr},
     {"pref get DOVREL d/w -t double", 3,  "",                                      "not of this type", nullptr},
     {"pref get dovrel d/w -d 7",      2,  "7\n",                                   "only a lower",     nullptr},
+    {"pref get dovrel d/c -d x",      2,  "x\n",                                   "only a lower",     nullptr},
     {"pref get dovrel d/w -d x",      64, "",                                      "not of type int",  nullptr},
     {"pref get dovrel no/key",        4,  "",                                      "no layer has",     nullptr},
     {"pref get dovrel no/key -d 7",   4,  "7\n",                                   "no layer has",     nullptr},
