@@ -3,8 +3,8 @@
 #include "errors/handler_table.h"
 #include "errors/interpreter_stderr.h"
 #include "errors/level.h"
+#include "errors/message_text.h"
 #include "platform/fortran_unit.h"
-#include "platform/text.h"
 #include "qzerr.h"
 #include "qzerr.hpp"
 
@@ -37,7 +37,7 @@ std::size_t compose_head(char *message, const QzerrHandler &handler, unsigned le
     return length + 1;
 }
 
-bool write_to_stream(int id, FILE *stream, const char *message)
+bool write_to_stream(int id, FILE *stream, std::string_view message)
 {
     if (stream == nullptr)
         return true; // taken away while QzerrSuppressDeprecation kept the kind
@@ -46,14 +46,14 @@ bool write_to_stream(int id, FILE *stream, const char *message)
         write_to_interpreter(message, newline_after_message)) {
         return true;
     }
-    if (std::fputs(message, stream) == EOF)
+    if (std::fwrite(message.data(), 1, message.size(), stream) != message.size())
         return false;
     return !newline_after_message || std::fputs("\n", stream) != EOF;
 }
 
-/// Sends a message wherever its handler says.
+/// Sends a message, which a NUL follows, wherever its handler says.
 /// @return false when the stream or the window refused it.
-bool print(int id, const QzerrHandler &handler, const char *message)
+bool print(int id, const QzerrHandler &handler, std::string_view message)
 {
     // Read before the interpreter runs code of the host, which may move or reuse the record.
     const auto window = handler.window;
@@ -65,10 +65,10 @@ bool print(int id, const QzerrHandler &handler, const char *message)
             return false;
         break;
     case DestinationKind::kFortranUnit:
-        qz_write_fortran_unit(handler.unit, message, static_cast<int>(std::strlen(message)));
+        qz_write_fortran_unit(handler.unit, message.data(), static_cast<int>(message.size()));
         break;
     }
-    return window == nullptr || window(message) != -1;
+    return window == nullptr || window(message.data()) != -1;
 }
 
 /// Reports a message. It stands apart from the filter in front of it, so that most messages neither
@@ -83,12 +83,13 @@ bool print(int id, const QzerrHandler &handler, const char *message)
     if (level < handler->level)
         return 1;
 
-    char message[kMessageBytes];
-    const std::size_t head = compose_head(message, *handler, level);
+    char buffer[kMessageBytes];
+    std::size_t length = compose_head(buffer, *handler, level);
     if (format != nullptr)
-        platform::qzwin32_vsnprintf(message + head, kMessageBytes - head, format, arguments);
+        length += format_message_text(buffer + length, kMessageBytes - length, format, arguments);
     else
-        message[head] = '\0';
+        buffer[length] = '\0';
+    const std::string_view message(buffer, length);
 
     if (!handler->printing_suppressed && !print(id, *handler, message))
         return 0;

@@ -3,6 +3,7 @@
 #include "qzerr.h"
 #include "qzerr.hpp"
 
+#include <climits>
 #include <cstdio>
 #include <cstring>
 #include <set>
@@ -52,6 +53,25 @@ TEST(Throw, FiltersByLevelAndNotesTheHighest)
         EXPECT_EQ(sink.text(), std::string(c.printed) + c.printed);
         EXPECT_EQ(sink.max_level(), c.max_level);
     }
+}
+
+template <typename... Arguments> void expect_as_printf(const char *format, Arguments... arguments)
+{
+    char expected[10240] = "FATAL ";
+    std::snprintf(expected + 6, sizeof expected - 6, format, arguments...);
+    MessageSink sink;
+    EXPECT_EQ(qzerr_throw(sink.id(), QZERR_FATAL, format, arguments...), 1);
+    EXPECT_EQ(sink.text(), expected);
+}
+
+TEST(Throw, TextIsThatOfPrintf)
+{
+    expect_as_printf("%s|%d|%i|%u|%%|%d\n", "a", INT_MIN, INT_MAX, UINT_MAX, 0);
+    expect_as_printf("%s begins plainly, %5.2f and %ld do not, %-4d|%c", "x", 1.5, 7L, 3, 'c');
+    expect_as_printf("%d %s", 1, static_cast<const char *>(nullptr));
+    expect_as_printf("a %");
+    const std::string long_text(10231, 'x');
+    expect_as_printf("%s%d", long_text.c_str(), 1234);
 }
 
 TEST(Throw, LongTextIsCutToTheBuffer)
