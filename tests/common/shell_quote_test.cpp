@@ -33,25 +33,25 @@ struct QuoteCase {
 };
 
 const QuoteCase kQuotes[] = {
-    {"the opening quote follows the first character", "abc",          100,     "a\"bc\""           },
-    {"blanks are what quoting is for",                "a b c",        100,     "a\" b c\""         },
-    {"a quote is escaped",                            "x\"y",         100,     "x\"\\\"y\""        },
-    {"a leading backslash is doubled",                "\\share\\dir", 100,     "\\\\\"share\\dir\""},
-    {"a leading quote becomes a leading backslash",   "\"a\"",        100,     "\\\\\"\"a\\\"\""   },
-    {"a lone quote counts as two characters",         "\"",           100,     "\\\\\"\"\""        },
+    {"behind the first character",       "abc",          100,     "a\"bc\""           },
+    {"blanks",                           "a b c",        100,     "a\" b c\""         },
+    {"a quote is escaped",               "x\"y",         100,     "x\"\\\"y\""        },
+    {"a leading backslash is doubled",   "\\share\\dir", 100,     "\\\\\"share\\dir\""},
+    {"a leading quote",                  "\"a\"",        100,     "\\\\\"\"a\\\"\""   },
+    {"a lone quote counts as two",       "\"",           100,     "\\\\\"\"\""        },
 
-    {"nothing",                                       "",             100,     nullptr             },
+    {"nothing",                          "",             100,     nullptr             },
 
-    {"size counts two more characters and no NUL",    "ab",           4,       "a\"b\""            },
-    {"one less is refused",                           "ab",           3,       nullptr             },
-    {"three more with a leading backslash",           "\\ab",         6,       "\\\\\"ab\""        },
-    {"three more, one less",                          "\\ab",         5,       nullptr             },
-    {"size leaves out up to two quotes",              "a\"b\"c",      7,       "a\"\\\"b\\\"c\""   },
-    {"a third quote needs its own character",         "a\"\"\"c",     7,       nullptr             },
-    {"a third quote has its own character",           "a\"\"\"c",     8,       "a\"\\\"\\\"\\\"c\""},
-    {"no size",                                       "ab",           0,       nullptr             },
-    {"a negative size",                               "ab",           INT_MIN, nullptr             },
-    {"the largest size costs nothing",                "ab",           INT_MAX, "a\"b\""            },
+    {"two more characters and no NUL",   "ab",           4,       "a\"b\""            },
+    {"one less is refused",              "ab",           3,       nullptr             },
+    {"three with a leading backslash",   "\\ab",         6,       "\\\\\"ab\""        },
+    {"three more, one less",             "\\ab",         5,       nullptr             },
+    {"size leaves out up to two quotes", "a\"b\"c",      7,       "a\"\\\"b\\\"c\""   },
+    {"a third quote needs a character",  "a\"\"\"c",     7,       nullptr             },
+    {"a third quote has it",             "a\"\"\"c",     8,       "a\"\\\"\\\"\\\"c\""},
+    {"no size",                          "ab",           0,       nullptr             },
+    {"a negative size",                  "ab",           INT_MIN, nullptr             },
+    {"the largest size costs nothing",   "ab",           INT_MAX, "a\"b\""            },
 };
 
 TEST(ShellQuote, Cases)

@@ -31,6 +31,8 @@ const std::string k75Blanks(75, ' ');
 
 TEST(ErrorEntries, Prefix)
 {
+    const std::string nuls = "MYPROG" + kNul + " " + kNul;
+
     const struct {
         const char *why;
         std::string text;
@@ -38,17 +40,17 @@ TEST(ErrorEntries, Prefix)
         std::string prefix;
         char before;
     } cases[] = {
-        {"one blank is kept",                              "MYPROG",                     20, "MYPROG ",    '<' },
-        {"NULs count as blanks",                           "MYPROG" + kNul + " " + kNul, 20, "MYPROG ",    '<' },
-        {"blanks inside are text",                         " MY  PROG",                  20, " MY  PROG ", '<' },
-        {"18 leave room for the blank",                    k18,                          20, k18 + " ",    '<' },
-        {"19 do not",                                      k19,                          20, k19,          '<' },
-        {"the rest is cut off",                            k19 + "xxx",                  30, k19,          '<' },
-        {"text behind a NUL is not seen",                  "A" + kNul + "B",             20, "A",          '<' },
-        {"a blank one stays, and marks the byte in front", "",                           20, k19Blanks,    '\0'},
-        {"a literal is short, and not written to",         "MYPROG",                     6,  "MYPROG ",    '<' },
-        {"a blank literal as well",                        " ",                          1,  " ",          '<' },
-        {"and an empty text",                              "",                           0,  "",           '<' },
+        {"one blank is kept",                   "MYPROG",         20, "MYPROG ",    '<' },
+        {"NULs count as blanks",                nuls,             20, "MYPROG ",    '<' },
+        {"blanks inside are text",              " MY  PROG",      20, " MY  PROG ", '<' },
+        {"18 leave room for the blank",         k18,              20, k18 + " ",    '<' },
+        {"19 do not",                           k19,              20, k19,          '<' },
+        {"the rest is cut off",                 k19 + "xxx",      30, k19,          '<' },
+        {"text behind a NUL is not seen",       "A" + kNul + "B", 20, "A",          '<' },
+        {"a blank one marks the byte in front", "",               20, k19Blanks,    '\0'},
+        {"a literal is not written to",         "MYPROG",         6,  "MYPROG ",    '<' },
+        {"a blank literal as well",             " ",              1,  " ",          '<' },
+        {"and an empty text",                   "",               0,  "",           '<' },
     };
 
     int status = -9;

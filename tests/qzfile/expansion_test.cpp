@@ -92,14 +92,14 @@ TEST_F(Expansion, InPlace)
         int size, result;
         std::string left;
     } cases[] = {
-        {"a result of exactly size gets its end behind it", "a$QZ_TEST_A/",   5,    0,  "aone/"      },
-        {"one more is too much; what fits is left",         "a$QZ_TEST_A/",   4,    -1, "aone"       },
-        {"cut within a value",                              "a$QZ_TEST_A",    2,    -1, "ao"         },
-        {"an expansion to nothing is none the less one",    "$QZ_TEST_UNSET", 1,    0,  ""           },
-        {"no room",                                         "a",              0,    -1, "a"          },
-        {"nothing to expand",                               "",               9,    -1, ""           },
-        {"the longest text",                                longest,          1024, 0,  longest      },
-        {"longer than the private copy",                    longest + "x",    2000, -1, longest + "x"},
+        {"its end comes behind size", "a$QZ_TEST_A/",   5,    0,  "aone/"      },
+        {"what fits is left",         "a$QZ_TEST_A/",   4,    -1, "aone"       },
+        {"cut within a value",        "a$QZ_TEST_A",    2,    -1, "ao"         },
+        {"an expansion to nothing",   "$QZ_TEST_UNSET", 1,    0,  ""           },
+        {"no room",                   "a",              0,    -1, "a"          },
+        {"nothing to expand",         "",               9,    -1, ""           },
+        {"the longest text",          longest,          1024, 0,  longest      },
+        {"longer than the copy",      longest + "x",    2000, -1, longest + "x"},
     };
 
     for (const auto &c : cases) {

@@ -9,20 +9,21 @@ using MakeDirectory = scene::Scene;
 TEST_F(MakeDirectory, MakesWhatIsMissing)
 {
     touch("file");
+    const std::string foreign = "\xC3\xA9 \xE2\x82\xAC/x y";
 
     const struct {
         const char *why;
         std::string path;
         const char *made;
     } cases[] = {
-        {"one",                                 "a",                         "a"                        },
-        {"there already",                       "a",                         "a"                        },
-        {"parents, either separator",           "b/c\\d",                    "b/c/d"                    },
-        {"absolute",                            text("e/f"),                 "e/f"                      },
-        {"doubled and closing separators",      "g\\\\h//i\\",               "g/h/i"                    },
-        {"through a parent's name",             "a\\..\\j/k",                "j/k"                      },
-        {"outside ASCII, with blanks",          "\xC3\xA9 \xE2\x82\xAC/x y", "\xC3\xA9 \xE2\x82\xAC/x y"},
-        {"what is there already may be a file", "file",                      "file"                     },
+        {"one",                                 "a",           "a"            },
+        {"there already",                       "a",           "a"            },
+        {"parents, either separator",           "b/c\\d",      "b/c/d"        },
+        {"absolute",                            text("e/f"),   "e/f"          },
+        {"doubled and closing separators",      "g\\\\h//i\\", "g/h/i"        },
+        {"through a parent's name",             "a\\..\\j/k",  "j/k"          },
+        {"outside ASCII, with blanks",          foreign,       foreign.c_str()},
+        {"what is there already may be a file", "file",        "file"         },
     };
 
     Messages messages;
@@ -44,6 +45,9 @@ TEST_F(MakeDirectory, SaysWhyNotAndKeepsErrno)
     while (deep.size() < 1500)
         deep += "\\" + std::string(99, 'd');
     const std::string drive = "Q:\\a\\b";
+    const std::string too_long = here + "new\\" + long_name;
+    const char *const long_text = "File name too long";
+    const char *const none_text = "No such file or directory";
 
     const struct {
         const char *why;
@@ -52,11 +56,10 @@ TEST_F(MakeDirectory, SaysWhyNotAndKeepsErrno)
         std::string shown;
         const char *text;
     } cases[] = {
-        {"a file stands in the way",   "file/x/y",         ENOTDIR,      here + "file\\x\\y",        "Not a directory"          },
-        {"a name too long",            "new/" + long_name, ENAMETOOLONG, here + "new\\" + long_name,
-         "File name too long"                                                                                                   },
-        {"part of a path is not all",  deep,               ENAMETOOLONG, deep,                       "File name too long"       },
-        {"a drive names nothing here", drive,              ENOENT,       drive,                      "No such file or directory"},
+        {"in the way", "file/x/y",         ENOTDIR,      here + "file\\x\\y", "Not a directory"},
+        {"long name",  "new/" + long_name, ENAMETOOLONG, too_long,            long_text        },
+        {"long path",  deep,               ENAMETOOLONG, deep,                long_text        },
+        {"a drive",    drive,              ENOENT,       drive,               none_text        },
     };
 
     for (const auto &c : cases) {

@@ -91,15 +91,15 @@ TEST_F(OpenFiles, SaysWhatCannotBeOpened)
     const struct {
         const char *why, *name, *mode, *message;
     } cases[] = {
-        {"not on the path",            "none.dat",    "r",  "file not found in search path: \"none.dat\""    },
-        {"a directory on the path",    "data",        "r",  "file not found in search path: \"data\""        },
-        {"no name",                    "",            "rb", "file not found in search path: \"\""            },
-        {"nothing there",              "/none/a.dat", "rb", "unable to open file (rb): \"/none/a.dat\""      },
-        {"a drive names nothing here", "Q:\\a",       "r+", "unable to open file (r+): \"Q:\\a\""            },
-        {"a directory is no file",     "/",           "r",  "unable to open file (r): \"/\""                 },
-        {"nowhere to write",           "none/a.dat",  "w",  "unable to open file for reading: \"none/a.dat\""},
-        {"a directory in the way",     "data",        "ab", "unable to open file for reading: \"data\""      },
-        {"no mode",                    "x.dat",       "",   "unable to open file for reading: \"x.dat\""     },
+        {"not there",   "none.dat",    "r",  "file not found in search path: \"none.dat\""    },
+        {"directory",   "data",        "r",  "file not found in search path: \"data\""        },
+        {"no name",     "",            "rb", "file not found in search path: \"\""            },
+        {"nothing",     "/none/a.dat", "rb", "unable to open file (rb): \"/none/a.dat\""      },
+        {"a drive",     "Q:\\a",       "r+", "unable to open file (r+): \"Q:\\a\""            },
+        {"a directory", "/",           "r",  "unable to open file (r): \"/\""                 },
+        {"no place",    "none/a.dat",  "w",  "unable to open file for reading: \"none/a.dat\""},
+        {"in the way",  "data",        "ab", "unable to open file for reading: \"data\""      },
+        {"no mode",     "x.dat",       "",   "unable to open file for reading: \"x.dat\""     },
     };
 
     for (const auto &c : cases) {

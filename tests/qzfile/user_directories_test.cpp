@@ -13,6 +13,7 @@ using scene::given_by;
 using scene::Messages;
 using scene::thrown;
 
+using Name = DirectoryName;
 using UserDirectories = scene::Scene;
 
 constexpr char kNoDirectory[] = "Failure from method getting path";
@@ -36,22 +37,23 @@ TEST_F(UserDirectories, FollowTheDesktop)
         set("XDG_DATA_HOME", local);
     }
     const std::string separator(1, std::filesystem::path::preferred_separator);
+    const std::string desktop = profile() + separator + "Desktop";
     const std::string documents = profile() + separator + "Documents";
 
     const struct {
         int (*function)(char **);
         std::string directory;
         bool is_made;
-        DirectoryName name;
+        Name name;
     } cases[] = {
-        {qzfile_halcyra_appdata_dir,       roaming + "\\Halcyra",             true,  DirectoryName::AppData        },
-        {qzfile_halcyra_local_appdata_dir, local + "\\Halcyra",               true,  DirectoryName::LocalAppData   },
-        {qzfile_halcyra_userdata_dir,      profile() + "\\Halcyra",           true,  DirectoryName::UserData       },
-        {qzfile_get_halcyra_temp,          local + "\\Halcyra\\tmp",          true,  DirectoryName::Temp           },
-        {qzfile_get_desktop_dir,           profile() + separator + "Desktop", false, DirectoryName::Desktop        },
-        {qzfile_get_mydocuments_dir,       documents,                         false, DirectoryName::MyDocuments    },
-        {qzfile_get_mynetworkplaces_dir,   places,                            false, DirectoryName::MyNetworkPlaces},
-        {qzfile_dir_home,                  home(),                            true,  DirectoryName::Home           },
+        {qzfile_halcyra_appdata_dir,       roaming + "\\Halcyra",    true,  Name::AppData        },
+        {qzfile_halcyra_local_appdata_dir, local + "\\Halcyra",      true,  Name::LocalAppData   },
+        {qzfile_halcyra_userdata_dir,      profile() + "\\Halcyra",  true,  Name::UserData       },
+        {qzfile_get_halcyra_temp,          local + "\\Halcyra\\tmp", true,  Name::Temp           },
+        {qzfile_get_desktop_dir,           desktop,                  false, Name::Desktop        },
+        {qzfile_get_mydocuments_dir,       documents,                false, Name::MyDocuments    },
+        {qzfile_get_mynetworkplaces_dir,   places,                   false, Name::MyNetworkPlaces},
+        {qzfile_dir_home,                  home(),                   true,  Name::Home           },
     };
 
     for (const auto &c : cases) {

@@ -99,22 +99,22 @@ struct ReadCase {
 };
 
 const ReadCase kReadCases[] = {
-    {"groups nest",                                       "<a><b dt='int'>1</b><c>x</c></a>", "a/b =1 dt:int\na/c =x\n"},
-    {"the platform becomes a suffix",                     "<a dt='int' os='linux'>3</a>",     "a:os=linux =3 dt:int\n" },
-    {"a group's platform stands in the middle",           "<a os='x'><b>1</b></a>",           "a:os=x/b =1\n"          },
-    {"white space is no value",                           "<a> \n\t</a><b></b><c/>",          ""                       },
-    {"a value keeps the blanks around it",                "<a> x </a>",                       "a = x \n"               },
-    {"the comment right before belongs to the key",       "<!--old--><!--c--><a>1</a>",       "a =1 #c\n"              },
-    {"a comment before a group is lost",                  "<!--c--><g><a>1</a></g>",          "g/a =1\n"               },
-    {"other attributes are kept",                         "<a z='1' dt='odd' b='2'>v</a>",    "a =v b:2 dt:odd z:1\n"  },
-    {"text of the root belongs to no key",                "loose<a>1</a>",                    "a =1\n"                 },
-    {"text in a group makes it a key",                    "<g x='1'>t<a>1</a></g>",           "g =t x:1\ng/a =1\n"     },
-    {"the last of equal keys counts",                     "<a>1</a><a>2</a>",                 "a =2\n"                 },
-    {"entities of the standard and characters by number", "<a>&lt;&#252;&amp;</a>",           "a =<ü&\n"              },
-    {"a section of plain text",                           "<a><![CDATA[<x>]]></a>",           "a =<x>\n"               },
-    {"a file cut short",                                  "<a>1</a><b>",                      "!a =1\n"                },
-    {"crossing tags",                                     "<a>1</a><b><c></b></c>",           "!a =1\n"                },
-    {"an unknown entity",                                 "<a>&foo;</a>",                     "!"                      },
+    {"groups nest",                 "<a><b dt='int'>1</b><c>x</c></a>", "a/b =1 dt:int\na/c =x\n"},
+    {"a platform is a suffix",      "<a dt='int' os='linux'>3</a>",     "a:os=linux =3 dt:int\n" },
+    {"a group's platform",          "<a os='x'><b>1</b></a>",           "a:os=x/b =1\n"          },
+    {"white space is no value",     "<a> \n\t</a><b></b><c/>",          ""                       },
+    {"a value keeps its blanks",    "<a> x </a>",                       "a = x \n"               },
+    {"the comment before it",       "<!--old--><!--c--><a>1</a>",       "a =1 #c\n"              },
+    {"one before a group is lost",  "<!--c--><g><a>1</a></g>",          "g/a =1\n"               },
+    {"other attributes are kept",   "<a z='1' dt='odd' b='2'>v</a>",    "a =v b:2 dt:odd z:1\n"  },
+    {"text of the root is lost",    "loose<a>1</a>",                    "a =1\n"                 },
+    {"text makes a group a key",    "<g x='1'>t<a>1</a></g>",           "g =t x:1\ng/a =1\n"     },
+    {"the last of equal keys",      "<a>1</a><a>2</a>",                 "a =2\n"                 },
+    {"entities, numbered ones too", "<a>&lt;&#252;&amp;</a>",           "a =<ü&\n"              },
+    {"a section of plain text",     "<a><![CDATA[<x>]]></a>",           "a =<x>\n"               },
+    {"a file cut short",            "<a>1</a><b>",                      "!a =1\n"                },
+    {"crossing tags",               "<a>1</a><b><c></b></c>",           "!a =1\n"                },
+    {"an unknown entity",           "<a>&foo;</a>",                     "!"                      },
 };
 
 TEST(PreferenceFormat, Reads)

@@ -173,14 +173,14 @@ TEST_F(Store, RefusesWhatAFileCannotGiveBack)
         int code;
         std::string message; ///< its beginning
     } cases[] = {
-        {"another type",                     "n",    "text",                 "",     1,  other_type},
-        {"invalid key",                      "a//b", 1,                      "",     10, bad_key   },
-        {"control character in the value",   "t",    QString("a\x01"),       "",     1,  no_text   },
-        {"half a character",                 "t",    QString(QChar(0xD800)), "",     1,  no_text   },
-        {"control character in the comment", "t",    "a",                    "\x1b", 1,  no_text   },
-        {"comment that is not UTF-8",        "t",    "a",                    "\xff", 1,  no_text   },
-        {"no value at all",                  "t",    QVariant(),             "",     1,  said      },
-        {"a value without a text",           "t",    no_spelling,            "",     1,  said      },
+        {"another type",           "n",    "text",                 "",     1,  other_type},
+        {"invalid key",            "a//b", 1,                      "",     10, bad_key   },
+        {"control in the value",   "t",    QString("a\x01"),       "",     1,  no_text   },
+        {"half a character",       "t",    QString(QChar(0xD800)), "",     1,  no_text   },
+        {"control in the comment", "t",    "a",                    "\x1b", 1,  no_text   },
+        {"comment not in UTF-8",   "t",    "a",                    "\xff", 1,  no_text   },
+        {"no value at all",        "t",    QVariant(),             "",     1,  said      },
+        {"a value without a text", "t",    no_spelling,            "",     1,  said      },
     };
 
     QZPREF store(kProduct, true);
