@@ -5,6 +5,7 @@
 #include "platform/windows/file_time.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstring>
 #include <vector>
 

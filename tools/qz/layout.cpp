@@ -43,7 +43,8 @@ struct NamedDirectory {
     std::string (*find)();
 };
 
-constexpr NamedDirectory kDirectories[] = {
+// Not constexpr: the address of a function in a DLL is none.
+const NamedDirectory kDirectories[] = {
     {"root", "installation", installation_root},
     {"config", "installation-wide configuration", qzfile_get_config_dir},
     {"home", "the user's home", named_directory<DirectoryName::Home>},
