@@ -89,6 +89,7 @@ private:
     Fragment star(Fragment operand);
     Fragment plus(Fragment operand);
     Fragment optional(Fragment operand);
+    std::size_t way_past(std::size_t branch);
     Fragment atom();
     Fragment group();
     Fragment set();
@@ -189,10 +190,7 @@ Fragment Parser::star(Fragment operand)
     const std::size_t back = out_.node(kBack);
     out_.link(operand.last + kNodeSize, back);
     out_.link(back, whole.first);
-    const std::size_t exit = out_.node(kBranch);
-    out_.link(whole.first, exit);
-    whole.last = out_.node(kNothing);
-    out_.link(exit, whole.last);
+    whole.last = way_past(whole.first);
     return whole;
 }
 
@@ -211,10 +209,7 @@ Fragment Parser::plus(Fragment operand)
     const std::size_t again = out_.node(kBranch);
     out_.link(operand.last, again);
     out_.link(out_.node(kBack), operand.first);
-    const std::size_t exit = out_.node(kBranch);
-    out_.link(again, exit);
-    whole.last = out_.node(kNothing);
-    out_.link(exit, whole.last);
+    whole.last = way_past(again);
     return whole;
 }
 
@@ -224,12 +219,19 @@ Fragment Parser::optional(Fragment operand)
     whole.first = operand.first;
     whole.begins_with_loop = operand.begins_with_loop;
     out_.insert(operand.first, kBranch);
-    const std::size_t without = out_.node(kBranch);
-    out_.link(whole.first, without);
-    whole.last = out_.node(kNothing);
-    out_.link(without, whole.last);
+    whole.last = way_past(whole.first);
     out_.link(operand.last + kNodeSize, whole.last);
     return whole;
+}
+
+/// Adds nothing at all as the alternative of a branch. @return the node where both end.
+std::size_t Parser::way_past(std::size_t branch)
+{
+    const std::size_t alternative = out_.node(kBranch);
+    out_.link(branch, alternative);
+    const std::size_t end = out_.node(kNothing);
+    out_.link(alternative, end);
+    return end;
 }
 
 Fragment Parser::atom()
