@@ -205,7 +205,7 @@ TEST_F(Saving, MissingTemporaryDirectoryIsMade)
 
 TEST_F(Saving, LocksExcludeThreads)
 {
-    std::atomic<int> inside{0}, most_readers{0};
+    std::atomic<int> inside{0};
     std::atomic<bool> broken{false};
     std::vector<std::thread> threads;
     for (int t = 0; t < 8; ++t) {
