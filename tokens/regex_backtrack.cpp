@@ -152,6 +152,7 @@ private:
     State star(const Step &step, const Byte *at);
     State give_back(const Step &step, const Byte *high, const Byte *low);
     State split(const Step &step, const Byte *at);
+    State exclusive_loop(const Step &split, const Byte *at);
     State save(const Step &step, const Byte *at);
     State retry();
     const Byte *run_end(const Step &step, const Byte *at) const;
@@ -288,6 +289,11 @@ inline const Byte *Backtracker<Memory>::unseen_run_end(const Step &step, const B
 
 template <class Memory> inline State Backtracker<Memory>::split(const Step &step, const Byte *at)
 {
+    // What remembers must come to each place, so as not to run over it again from the next start.
+    if constexpr (!kRemembers) {
+        if (step.exclusive)
+            return exclusive_loop(step, at);
+    }
     if (!spend(1))
         return kFailed;
     const bool other = holds(step.follow, *at);
@@ -299,6 +305,21 @@ template <class Memory> inline State Backtracker<Memory>::split(const Step &step
         ++epoch_;
     }
     return {at, step.next};
+}
+
+/// Takes all bytes of a loop round a group of one byte, and notes the last of them as the group.
+template <class Memory>
+inline State Backtracker<Memory>::exclusive_loop(const Step &split, const Byte *at)
+{
+    const Step &open = steps_[split.next];
+    const Step &one = steps_[open.next];
+    const Byte *const high = run_end(one, at);
+    if (!spend(1 + (high - at) / 16) || !holds(split.follow, *high))
+        return kFailed;
+    if (high != at &&
+        (save(open, high - 1).at == nullptr || save(steps_[one.next], high).at == nullptr))
+        return kFailed;
+    return {high, split.other};
 }
 
 template <class Memory> inline State Backtracker<Memory>::save(const Step &step, const Byte *at)

@@ -52,6 +52,7 @@ public:
 
 private:
     void prepare_step(std::size_t index);
+    bool is_exclusive_loop(std::size_t split) const;
     void number_memos();
     void find_lead();
     void find_required();
@@ -114,6 +115,7 @@ void Planner::prepare_step(std::size_t index)
     case Op::kSplit:
         step.set = tables_.add(after);
         step.follow = tables_.add(drafts_[draft.other].first);
+        step.exclusive = is_exclusive_loop(index);
         break;
     case Op::kSave:
         plan_.slot_count = std::max(plan_.slot_count, (draft.slot | 1U) + 1);
@@ -124,6 +126,16 @@ void Planner::prepare_step(std::size_t index)
     if (draft.op == Op::kStar || draft.op == Op::kSet)
         step.set = tables_.add(draft.set);
     ++plan_.state_count;
+}
+
+/// Whether a split goes round a group of one byte of a set, of which nothing can follow the loop.
+bool Planner::is_exclusive_loop(std::size_t split) const
+{
+    const Draft &open = drafts_[drafts_[split].next];
+    const Draft &one = drafts_[open.next];
+    const Draft &close = drafts_[one.next];
+    return open.op == Op::kSave && one.op == Op::kSet && close.op == Op::kSave &&
+           close.next == split && (one.set & drafts_[drafts_[split].other].first).none();
 }
 
 /// Steps that can be reached in several ways are worth remembering; a star reaches itself.

@@ -78,6 +78,8 @@ TEST(Regex, FindsTheSubMatches)
         {"and others",                 "^b-v[0-9]+(.[0-9]+)?$", "b-v12.3x",      nullptr        },
         {"gives back one by one",      "(a*)(ab)*(b*)",         "aabb",          "|aabb|aa|~|bb"},
         {"the last repetition counts", "(a|b(c))*",             "bca",           "|bca|a|c"     },
+        {"in a loop of one byte too",  "(a|b)*c",               "abac",          "|abac|a"      },
+        {"unless the loop is undone",  "x(a|b)*cx|xab(.)",      "xabcy",         "|xabc|~|c"    },
         {"a dot is any byte",          "a.b",                   "a\nb",          "|a\nb"        },
         {"bracket first in a set",     "[]a]+",                 "x]a]",          "|]a]"         },
         {"range from a bracket",       "[]-a]+",                "[^_`a",         "|^_`a"        },
