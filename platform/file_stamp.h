@@ -20,10 +20,6 @@ struct FileStamp {
     }
 };
 
-/// How far the time of change moves on when a file is replaced. The first step is what a reader
-/// that compares milliseconds sees; the second is for file systems that keep every other second.
-constexpr std::int64_t kStampSteps_ns[] = {1'000'000, 4'000'000'000};
-
 /// The stamp of @p native_path, links followed; exists is false when nothing can be found there.
 FileStamp file_stamp(const std::string &native_path);
 

@@ -1,5 +1,7 @@
 #include "platform/replacement_file.h"
 
+#include "platform/later_stamp.h"
+
 #include <cerrno>
 
 #include <fcntl.h>
@@ -38,26 +40,24 @@ std::int64_t changed_ns(const struct stat &info)
     return std::int64_t{info.st_mtim.tv_sec} * kNanosecondsPerSecond + info.st_mtim.tv_nsec;
 }
 
-/// Moves the file's time of change past that of the file it replaces.
-int move_stamp_past(int fd, std::int64_t replaced_ns)
+int read_changed(int fd, std::int64_t &stamp_ns)
 {
     struct stat info {};
 
-    for (const std::int64_t step : kStampSteps_ns) {
-        if (::fstat(fd, &info) != 0)
-            return errno;
-        if (changed_ns(info) - replaced_ns >= kStampSteps_ns[0])
-            return 0;
-        const std::int64_t wanted = replaced_ns + step;
-        const timespec times[2] = {
-            {0, UTIME_OMIT},
-            {static_cast<time_t>(wanted / kNanosecondsPerSecond),
-             static_cast<long>(wanted % kNanosecondsPerSecond)},
-        };
-        if (::futimens(fd, times) != 0)
-            return errno;
-    }
+    if (::fstat(fd, &info) != 0)
+        return errno;
+    stamp_ns = changed_ns(info);
     return 0;
+}
+
+int write_changed(int fd, std::int64_t stamp_ns)
+{
+    const timespec times[2] = {
+        {0, UTIME_OMIT},
+        {static_cast<time_t>(stamp_ns / kNanosecondsPerSecond),
+         static_cast<long>(stamp_ns % kNanosecondsPerSecond)},
+    };
+    return ::futimens(fd, times) == 0 ? 0 : errno;
 }
 
 } // namespace
@@ -122,7 +122,7 @@ int ReplacementFile::commit()
         // Only a privileged caller can hand a file back to its owner; for all others it is theirs.
         if (::fchown(fd, target.st_uid, target.st_gid) != 0 && errno != EPERM)
             return errno;
-        if (const int cause = move_stamp_past(fd, changed_ns(target)))
+        if (const int cause = move_stamp_past(changed_ns(target), fd, read_changed, write_changed))
             return cause;
     }
     if (::fdatasync(fd) != 0)

@@ -1,5 +1,6 @@
 #include "platform/replacement_file.h"
 
+#include "platform/later_stamp.h"
 #include "platform/windows/access_list.h"
 #include "platform/windows/errno_from_windows.h"
 #include "platform/windows/file_time.h"
@@ -76,20 +77,19 @@ std::vector<unsigned char> rename_request(const std::string &to)
     return request;
 }
 
-/// Moves the file's time of change past that of the file it replaces.
-DWORD move_stamp_past(HANDLE file, std::int64_t replaced_ns)
+int read_changed(HANDLE file, std::int64_t &stamp_ns)
 {
-    for (const std::int64_t step : kStampSteps_ns) {
-        FILETIME changed{};
-        if (!GetFileTime(file, nullptr, nullptr, &changed))
-            return GetLastError();
-        if (ns_since_1970(changed) - replaced_ns >= kStampSteps_ns[0])
-            break;
-        const FILETIME moved = file_time(replaced_ns + step);
-        if (!SetFileTime(file, nullptr, nullptr, &moved))
-            return GetLastError();
-    }
-    return ERROR_SUCCESS;
+    FILETIME changed{};
+    if (!GetFileTime(file, nullptr, nullptr, &changed))
+        return errno_from_windows(GetLastError());
+    stamp_ns = ns_since_1970(changed);
+    return 0;
+}
+
+int write_changed(HANDLE file, std::int64_t stamp_ns)
+{
+    const FILETIME changed = file_time(stamp_ns);
+    return SetFileTime(file, nullptr, nullptr, &changed) ? 0 : errno_from_windows(GetLastError());
 }
 
 HANDLE handle_of(std::intptr_t handle)
@@ -154,8 +154,9 @@ int ReplacementFile::commit()
     if (replaced.exists) {
         AccessList list = access_list(target_);
         set_access_list(side_, list);
-        if (const DWORD error = move_stamp_past(handle_of(handle_), replaced.changed_ns))
-            return errno_from_windows(error);
+        if (const int cause = move_stamp_past(replaced.changed_ns, handle_of(handle_), read_changed,
+                                              write_changed))
+            return cause;
     }
     if (!FlushFileBuffers(handle_of(handle_)))
         return errno_from_windows(GetLastError());
