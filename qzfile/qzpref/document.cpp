@@ -46,8 +46,9 @@ bool KeyOrder::operator()(std::string_view a, std::string_view b) const
     return ca < cb;
 }
 
-Document::Wanted::Wanted(std::string_view key)
-    : base(base_key(key)), hash(static_cast<std::uint32_t>(absl::Hash<std::string_view>()(base)))
+Document::Wanted::Wanted(std::string_view full_key)
+    : key(full_key), base(base_key(key)),
+      hash(static_cast<std::uint32_t>(absl::Hash<std::string_view>()(base)))
 {}
 
 Document::Document()
@@ -61,17 +62,17 @@ std::uint32_t Document::first_of(const Wanted &wanted) const
     return found == preferences_.end() ? kNoEntry : *found;
 }
 
-std::uint32_t Document::id_of(std::string_view key, const Wanted &wanted) const
+std::uint32_t Document::id_of(const Wanted &wanted) const
 {
     std::uint32_t id = first_of(wanted);
-    while (id != kNoEntry && (*entries_)[id].key() != key)
+    while (id != kNoEntry && (*entries_)[id].key() != wanted.key)
         id = (*entries_)[id].next_variant_;
     return id;
 }
 
 const KeyRecord *Document::find(std::string_view key) const
 {
-    const std::uint32_t id = id_of(key, Wanted(key));
+    const std::uint32_t id = id_of(Wanted(key));
     return id == kNoEntry ? nullptr : &(*entries_)[id].record_;
 }
 
@@ -96,7 +97,7 @@ Variants Document::variants(std::string_view key) const
     return result;
 }
 
-std::uint32_t Document::make_entry(std::string_view key, const Wanted &wanted)
+std::uint32_t Document::make_entry(const Wanted &wanted)
 {
     std::uint32_t id = 0;
     if (free_.empty()) {
@@ -107,10 +108,10 @@ std::uint32_t Document::make_entry(std::string_view key, const Wanted &wanted)
         free_.pop_back();
     }
     Entry &entry = (*entries_)[id];
-    entry.key_.assign(key.begin(), key.end());
+    entry.key_.assign(wanted.key.begin(), wanted.key.end());
     entry.base_bytes_ = static_cast<std::uint32_t>(wanted.base.size());
     entry.base_hash_ = wanted.hash;
-    entry.variant_ = static_cast<std::int8_t>(variant_index(key.substr(wanted.base.size())));
+    entry.variant_ = static_cast<std::int8_t>(variant_index(wanted.key.substr(wanted.base.size())));
     const auto [first, is_new] = preferences_.insert(id);
     if (!is_new) {
         Entry &head = (*entries_)[*first];
@@ -123,9 +124,9 @@ std::uint32_t Document::make_entry(std::string_view key, const Wanted &wanted)
 void Document::set(std::string_view key, KeyRecord record)
 {
     const Wanted wanted(key);
-    std::uint32_t id = id_of(key, wanted);
+    std::uint32_t id = id_of(wanted);
     if (id == kNoEntry) {
-        id = make_entry(key, wanted);
+        id = make_entry(wanted);
         // A file comes in order, so most keys go behind all others.
         if (unordered_.empty() && (order_.empty() || comes_before(order_.back(), id)))
             order_.push_back(id);
@@ -158,7 +159,7 @@ std::size_t Document::remove(const std::vector<std::string> &keys)
     settle();
     std::vector<std::uint32_t> doomed;
     for (const std::string &key : keys) {
-        if (const std::uint32_t id = id_of(key, Wanted(key)))
+        if (const std::uint32_t id = id_of(Wanted(key)))
             doomed.push_back(id);
     }
     if (doomed.size() == 1) {

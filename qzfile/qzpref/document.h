@@ -120,9 +120,10 @@ private:
         Entry, std::allocator<Entry>,
         boost::container::deque_options_t<boost::container::block_size<64u>>>;
 
-    /// The base key that a preference is found by, with its hash.
+    /// A key with what its preference is found by: the base and the hash of that.
     struct Wanted {
-        explicit Wanted(std::string_view key);
+        explicit Wanted(std::string_view full_key);
+        std::string_view key;
         std::string_view base;
         std::uint32_t hash;
     };
@@ -151,9 +152,9 @@ private:
         }
     };
 
-    std::uint32_t id_of(std::string_view key, const Wanted &wanted) const;
+    std::uint32_t id_of(const Wanted &wanted) const;
     std::uint32_t first_of(const Wanted &wanted) const;
-    std::uint32_t make_entry(std::string_view key, const Wanted &wanted);
+    std::uint32_t make_entry(const Wanted &wanted);
     void unlink(std::uint32_t id);
     std::size_t lower_bound(std::string_view key) const;
     bool comes_before(std::uint32_t a, std::uint32_t b) const;
