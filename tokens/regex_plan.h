@@ -34,7 +34,7 @@ struct alignas(16) Step {
     Op op = Op::kNothing;
     bool all_bytes = false; ///< star: the set holds every byte
     bool exclusive = false; ///< star: nothing of the set can follow, so giving back is of no use;
-                            ///< split: a loop round a group of one such byte, and what follows it
+                            ///< split: goes round a group of one byte, of which none can follow
     Byte slot = 0;          ///< save: 2 * group, and 1 more for the end
     std::uint32_t next = 0;
     std::uint32_t other = 0; ///< split
