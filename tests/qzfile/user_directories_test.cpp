@@ -147,6 +147,13 @@ TEST_F(UserDirectories, WithoutAHome)
     }
 }
 
+TEST(Support, TellsWhereToReport)
+{
+    EXPECT_STREQ(qzfile_get_halcyra_support_error_mesg(),
+                 "Please report this problem at https://www.halcyra.example/support, and upload "
+                 "the following files, to help us diagnose this problem:");
+}
+
 TEST_F(UserDirectories, UniqueNames)
 {
     const std::string first = halcyra::path::get_unique_file_name(".txt");

@@ -194,6 +194,16 @@ TEST_F(Saving, LockFilesAreNamedByDigestAndNeverTruncated)
     std::filesystem::remove(lock);
 }
 
+TEST_F(Saving, NoStoreWithoutItsLock)
+{
+    const QString file = halcyra::preferences::internal::get_qzpref_file(kProduct, "2025-3");
+    const std::string lock = FileLock::lock_path(file).toStdString();
+    std::filesystem::create_directories(lock);
+    EXPECT_EQ(scene::thrown<std::runtime_error>([] { QZPREF(kProduct, true); }),
+              "Failure to set lock on given settings file.");
+    std::filesystem::remove(lock);
+}
+
 TEST_F(Saving, MissingTemporaryDirectoryIsMade)
 {
     set_temporary_directory(text("not/there"));

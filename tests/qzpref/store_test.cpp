@@ -310,16 +310,27 @@ TEST_F(Store, GroupsPrefixEveryKey)
 
 TEST_F(Store, DamagedLayersAreLeftOutWithAWarning)
 {
-    write("machine.xml", "<ApplicationSettings><k dt='int'>2</k>");
-    write("site.xml", document("<k dt='int'>3</k>"));
-    const scene::QtLog log;
-    EXPECT_EQ(QZPREF(kProduct, true).getKeySource("k"), kInstallation);
-    EXPECT_PRED_FORMAT2(testing::IsSubstring,
-                        "scan_profile: Loading first level fallback  setting(" +
-                            text("machine.xml") +
-                            ") failed. Format error in using settings file. This might not be in "
-                            "proper .xml format.\n",
-                        log.text());
+    const struct {
+        const char *file, *level;
+        QZPrefSource source; // of a key that both files have
+    } cases[] = {
+        {"machine.xml", "first",  kInstallation},
+        {"site.xml",    "second", kMachine     },
+    };
+
+    for (const auto &c : cases) {
+        for (const char *file : {"machine.xml", "site.xml"})
+            write(file, document("<k dt='int'>3</k>"));
+        write(c.file, "<ApplicationSettings><k dt='int'>2</k>");
+        const scene::QtLog log;
+        EXPECT_EQ(QZPREF(kProduct, true).getKeySource("k"), c.source);
+        EXPECT_PRED_FORMAT2(testing::IsSubstring,
+                            std::string("scan_profile: Loading ") + c.level +
+                                " level fallback  setting(" + text(c.file) +
+                                ") failed. Format error in using settings file. This might not be "
+                                "in proper .xml format.\n",
+                            log.text());
+    }
 }
 
 TEST_F(Store, LayersAreReadOnceAndDroppedWithTheLastStore)
@@ -435,7 +446,8 @@ TEST_F(Store, OldReleasesLieInTheHomeDirectory)
     EXPECT_EQ(directory("2017-2"), share + "2017-2");
     EXPECT_EQ(file("2019-2"), share + "2019-2/Dovrel.xml");
     EXPECT_EQ(file("2019-3"), share + "2019-3/DovrelPanel.xml");
-    EXPECT_THROW(get_qzpref_file(static_cast<QZPREF_PRODUCTS>(16), "2025-3"), std::out_of_range);
+    const auto unknown = [] { get_qzpref_file(static_cast<QZPREF_PRODUCTS>(16), "2025-3"); };
+    EXPECT_EQ(scene::thrown<std::out_of_range>(unknown), "invalid unordered_map<K, T> key");
     unset("HALCYRA_MACHINE_PREFERENCE");
     unset("HALCYRA_SITE_PREFERENCE");
     EXPECT_EQ(get_machine_preferences_path(), "C:/ProgramData/Halcyra/suitepref.xml");

@@ -2,6 +2,7 @@
 // chosen one fails.
 
 #include "failing_memory.h"
+#include "qzregex.h"
 #include "tokens/token_test.h"
 
 #include <cstdlib>
@@ -84,4 +85,10 @@ TEST_F(Memory, NoneForTheJoinedLine)
     malloc_fault.calls = 2; // the first is for the array
     EXPECT_EQ(messages_of(join), "FATAL qztoken_get_string(): can't allocate string\n");
     malloc_fault.calls = 0;
+}
+
+TEST_F(Memory, NoneForAPattern)
+{
+    EXPECT_EQ(messages_without_memory(1, [] { EXPECT_EQ(qz_regcomp("a"), nullptr); }),
+              "FATAL Error in regular expression: out of space \n");
 }
