@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QCryptographicHash>
+#include <QFileInfo>
 
 #include <atomic>
 #include <thread>
@@ -196,8 +197,8 @@ TEST_F(Saving, LockFilesAreNamedByDigestAndNeverTruncated)
 
 TEST_F(Saving, NoStoreWithoutItsLock)
 {
-    const QString file = halcyra::preferences::internal::get_qzpref_file(kProduct, "2025-3");
-    const std::string lock = FileLock::lock_path(file).toStdString();
+    const QFileInfo file(halcyra::preferences::internal::get_qzpref_file(kProduct, "2025-3"));
+    const std::string lock = FileLock::lock_path(file.absoluteFilePath()).toStdString();
     std::filesystem::create_directories(lock);
     EXPECT_EQ(scene::thrown<std::runtime_error>([] { QZPREF(kProduct, true); }),
               "Failure to set lock on given settings file.");
